@@ -9,7 +9,9 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsSurrogate(char32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
+bool IsSurrogate(char32_t c) {
+    return c >= 0xD800 && c <= 0xDFFF;
+}
 
 // A wide unit that is not a Unicode scalar value (a surrogate, or past U+10FFFF) becomes U+FFFD.
 char32_t Scalar(wchar_t ch) {
