@@ -1,0 +1,3 @@
+#include "geometry/FRConstants.h"
+
+double RESNOR = RESNOR_DEFAULT;

@@ -1,0 +1,31 @@
+// The archive form of the geometry types: components as archive doubles in order x, y, z; an
+// interval as start, end; a box as its x, y and z intervals; a matrix as its three rows; a
+// transform as affine part, translation, scale (double) and the rotate, reflect and shear flags
+// (one byte each). A read that fails throws the archive's exception and leaves the target
+// unchanged.
+#pragma once
+
+#include "geometry/FRBox.h"
+#include "geometry/FRInterval.h"
+#include "geometry/FRMatrix.h"
+#include "geometry/FRPosition.h"
+#include "geometry/FRTransf.h"
+#include "geometry/FRUnitVector.h"
+#include "geometry/FRVector.h"
+#include "mfc/CArchive.h"
+
+CArchive& operator<<(CArchive& ar, const FRPosition& p);
+CArchive& operator>>(CArchive& ar, FRPosition& p);
+CArchive& operator<<(CArchive& ar, const FRVector& v);
+CArchive& operator>>(CArchive& ar, FRVector& v);
+// Read back normalised.
+CArchive& operator<<(CArchive& ar, const FRUnitVector& v);
+CArchive& operator>>(CArchive& ar, FRUnitVector& v);
+CArchive& operator<<(CArchive& ar, const FRInterval& i);
+CArchive& operator>>(CArchive& ar, FRInterval& i);
+CArchive& operator<<(CArchive& ar, const FRBox& b);
+CArchive& operator>>(CArchive& ar, FRBox& b);
+CArchive& operator<<(CArchive& ar, const FRMatrix& m);
+CArchive& operator>>(CArchive& ar, FRMatrix& m);
+CArchive& operator<<(CArchive& ar, const FRTransf& t);
+CArchive& operator>>(CArchive& ar, FRTransf& t);

@@ -1,0 +1,24 @@
+// Comparisons for the geometry tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "geometry/FRMatrix.h"
+#include "geometry/FRPosition.h"
+#include "geometry/FRVector.h"
+
+inline void ExpectNear(const FRVector& actual, const FRVector& expected, double tol = 1e-12) {
+    EXPECT_NEAR(actual.x(), expected.x(), tol);
+    EXPECT_NEAR(actual.y(), expected.y(), tol);
+    EXPECT_NEAR(actual.z(), expected.z(), tol);
+}
+
+inline void ExpectNear(const FRPosition& actual, const FRPosition& expected, double tol = 1e-12) {
+    ExpectNear(actual.to_vector(), expected.to_vector(), tol);
+}
+
+inline void ExpectNear(const FRMatrix& actual, const FRMatrix& expected, double tol = 1e-12) {
+    for (int i = 0; i < 3; ++i) {
+        ExpectNear(actual.row(i), expected.row(i), tol);
+    }
+}
