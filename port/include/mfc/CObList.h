@@ -1,0 +1,14 @@
+// CObList: a list of CObject pointers. The list does not own its objects.
+#pragma once
+
+#include "mfc/CList.h"
+#include "mfc/CObject.h"
+
+class CObList : public CList<CObject*, CObject*> {
+    DECLARE_SERIAL(CObList)
+public:
+    explicit CObList(INT_PTR nBlockSize = 10) : CList(nBlockSize) {}
+
+    // The count, then each object through the object protocol; loading appends at the tail.
+    void Serialize(CArchive& ar) override;
+};
