@@ -2,7 +2,8 @@
 #pragma once
 
 #include "win/error.h"
-#include "win/types.h"
-#if __has_include("win/registry.h")
+#include "win/gdi_types.h"
 #include "win/registry.h"
-#endif
+#include "win/threads.h"
+#include "win/time.h"
+#include "win/types.h"

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "win/error.h"
+#include "win/time.h"
 #include "win/types.h"
 
 #define HKEY_CURRENT_USER ((HKEY)(ULONG_PTR)0x80000001u)
@@ -39,15 +40,6 @@
 #define REG_OPENED_EXISTING_KEY 0x0002u
 
 using LSTATUS = LONG;
-
-#ifndef _FILETIME_
-#define _FILETIME_
-// 100-nanosecond intervals since 1 January 1601 (UTC).
-typedef struct _FILETIME {
-    DWORD dwLowDateTime;
-    DWORD dwHighDateTime;
-} FILETIME, *PFILETIME, *LPFILETIME;
-#endif
 
 // The security attributes are accepted for source compatibility and not used.
 struct _SECURITY_ATTRIBUTES;
