@@ -1,0 +1,15 @@
+#include "frame/OrvAppEnv.h"
+
+#include "frame/CKelEnvApp.h"
+
+CKelEnvApp* InitAppEnv() {
+    return CKelEnvApp::Instance();
+}
+
+CKelEnvApp* AppEnv() {
+    return CKelEnvApp::Instance();
+}
+
+void CloseAppEnv() {
+    CKelEnvApp::DestroyInstance();
+}

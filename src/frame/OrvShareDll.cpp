@@ -1,0 +1,14 @@
+#include "frame/OrvShareDll.h"
+
+#include "frame/OrvHostCallbacks.h"
+#include "mfc/StringResources.h"
+
+void InitShareDll() {
+    port::SetStringResourceLoader([](UINT id, std::wstring& text) {
+        const CString found = GetProductSpecificStringCB(id);
+        if (found.IsEmpty())
+            return false;
+        text = found.GetString();
+        return true;
+    });
+}

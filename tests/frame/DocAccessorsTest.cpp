@@ -1,0 +1,135 @@
+// The document accessors: the message each sends, and the answers without a document.
+#include <gtest/gtest.h>
+
+#include "../objects/TestDocument.h"
+#include "frame/OrvDocAccessors.h"
+
+namespace {
+
+OrvObject* NoDocument() {
+    return nullptr;
+}
+
+void RegisterNoDocument() {
+    OrvShareRegisterDocCBK(nullptr, nullptr, NoDocument, nullptr, nullptr, nullptr, nullptr,
+                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                           nullptr, nullptr, nullptr, nullptr, nullptr);
+}
+
+unsigned long long AddressOf(const void* p) {
+    return static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(p));
+}
+
+TEST(DocAccessorsWithoutDocument, AnswerZeroOrEmpty) {
+    RegisterNoDocument();
+    EXPECT_EQ(IsDocumentModified(), 0);
+    EXPECT_EQ(IsDocumentUnitsMm(), 0);
+    EXPECT_EQ(GetDocumentUnits(), 0);
+    EXPECT_EQ(IsFEATTreeActive(), 0);
+    EXPECT_EQ(IsOPERTreeActive(), 0);
+    EXPECT_EQ(IsToolTreeActive(), 0);
+    EXPECT_EQ(GetDocTitle(), L"");
+    EXPECT_EQ(GetDocServicePack(), L"");
+    int flag = 5;
+    EXPECT_EQ(GetShowExceptionMsgFlag(flag), 0);
+    EXPECT_EQ(SetShowExceptionMsgFlag(flag), 0);
+    EXPECT_EQ(flag, 5);
+    EXPECT_EQ(RemoveNodeFromSelection(nullptr), 0);
+    SetDocumentModifiedFlag(1);            // nothing to tell
+    EXPECT_EQ(IsDocumentUnitsMetric(), 1); // units code 0 counts as metric
+}
+
+TEST(DocAccessorsWithoutDocumentDeathTest, StorageUnitsAssumeADocument) {
+    RegisterNoDocument();
+    EXPECT_DEATH(GetActiveDocReadStorageUnits(), "");
+    EXPECT_DEATH(SetActiveDocReadStorageUnits(6.0f), "");
+}
+
+class DocAccessors : public ::testing::Test {
+protected:
+    void SetUp() override {
+        TestDocument::Register();
+        doc().m_Messages.clear();
+        doc().m_StorageUnits = 0.0f;
+    }
+    static TestDocument& doc() { return TestDocument::Active(); }
+};
+
+TEST_F(DocAccessors, StorageUnitsOfZeroCountAsVersion40) {
+    EXPECT_EQ(GetActiveDocReadStorageUnits(), 40.0f);
+    ASSERT_EQ(doc().m_Messages.size(), 1u);
+    EXPECT_EQ(doc().m_Messages[0].id, 201);
+    EXPECT_EQ(doc().m_Messages[0].extra, 0);
+    doc().m_StorageUnits = 5e-7f; // within RESABS of zero
+    EXPECT_EQ(GetActiveDocReadStorageUnits(), 40.0f);
+    doc().m_StorageUnits = -5e-7f;
+    EXPECT_EQ(GetActiveDocReadStorageUnits(), 40.0f);
+    doc().m_StorageUnits = 2e-6f;
+    EXPECT_EQ(GetActiveDocReadStorageUnits(), 2e-6f);
+    doc().m_StorageUnits = 6.1f;
+    EXPECT_EQ(GetActiveDocReadStorageUnits(), 6.1f);
+}
+
+TEST_F(DocAccessors, SetStorageUnitsSendsTheValue) {
+    SetActiveDocReadStorageUnits(32.5f);
+    EXPECT_EQ(doc().m_Messages.at(0).id, 202);
+    EXPECT_EQ(doc().m_StorageUnits, 32.5f);
+}
+
+TEST_F(DocAccessors, EachQuerySendsItsMessage) {
+    doc().m_Modified = 1;
+    doc().m_Units = 3;
+    doc().m_Title = L"Part1";
+    EXPECT_EQ(IsDocumentModified(), 1);
+    EXPECT_EQ(GetDocumentUnits(), 3);
+    EXPECT_EQ(GetDocTitle(), L"Part1");
+    EXPECT_EQ(IsDocumentUnitsMm(), 0); // the document does not answer: the variable stays 0
+    EXPECT_EQ(IsFEATTreeActive(), 0);
+    EXPECT_EQ(IsOPERTreeActive(), 0);
+    EXPECT_EQ(IsToolTreeActive(), 0);
+    EXPECT_EQ(GetDocServicePack(), L"");
+    EXPECT_EQ(IsDocumentUnitsMetric(), 0); // unit code 3
+    std::vector<int> ids;
+    for (const auto& message : doc().m_Messages)
+        ids.push_back(message.id);
+    EXPECT_EQ(ids, (std::vector<int>{204, 206, 227, 205, 269, 270, 271, 290, 206}));
+}
+
+TEST_F(DocAccessors, FlagMessagesPassTheCallersVariable) {
+    int flag = 1;
+    EXPECT_EQ(GetShowExceptionMsgFlag(flag), 0);
+    EXPECT_EQ(SetShowExceptionMsgFlag(flag), 0);
+    ASSERT_EQ(doc().m_Messages.size(), 2u);
+    EXPECT_EQ(doc().m_Messages[0].id, 275);
+    EXPECT_EQ(doc().m_Messages[0].param, AddressOf(&flag));
+    EXPECT_EQ(doc().m_Messages[1].id, 276);
+    EXPECT_EQ(doc().m_Messages[1].param, AddressOf(&flag));
+}
+
+TEST_F(DocAccessors, RemoveNodePassesThePointerItself) {
+    auto* node = reinterpret_cast<ui_OrvObject*>(0x1234);
+    RemoveNodeFromSelection(node);
+    ASSERT_EQ(doc().m_Messages.size(), 1u);
+    EXPECT_EQ(doc().m_Messages[0].id, 284);
+    EXPECT_EQ(doc().m_Messages[0].param, 0x1234u);
+}
+
+TEST_F(DocAccessors, ModifiedFlagGoesToTheGivenDocumentFirst) {
+    TestDocument other;
+    SetDocumentModifiedFlag(1, &other);
+    EXPECT_EQ(other.m_Modified, 1);
+    EXPECT_TRUE(doc().m_Messages.empty());
+    SetDocumentModifiedFlag(1);
+    EXPECT_EQ(doc().m_Modified, 1);
+    EXPECT_EQ(doc().m_Messages.at(0).id, 203);
+}
+
+TEST(UnitCodes, MetricCodesAreZeroToTwoAndSixToEight) {
+    for (int code = -1; code <= 10; ++code) {
+        const bool metric =
+            code == 0 || code == 1 || code == 2 || code == 6 || code == 7 || code == 8;
+        EXPECT_EQ(IsUnitsMetric(code), metric ? 1 : 0) << code;
+    }
+}
+
+} // namespace

@@ -1,0 +1,317 @@
+// Archive forms of the settings tree: exact bytes, loading, the merge with newer defaults, and
+// damaged input.
+#include <gtest/gtest.h>
+
+#include "../objects/TestDocument.h"
+#include "ArchiveBytes.h"
+#include "SettingsTestSupport.h"
+#include "settings/OrvSettingsKey.h"
+
+// A group whose constructor is its table of defaults, as the catalogue's groups are.
+class TestSettingsGroup : public OrvSettingsKey {
+    DECLARE_SERIAL(TestSettingsGroup)
+public:
+    TestSettingsGroup() : OrvSettingsKey(L"Group", L"Software\\OrvTest\\Group") {
+        AddValue(L"Inner1", 10);
+        AddValue(L"Inner2", 20);
+    }
+};
+
+class TestSettingsRoot : public OrvSettingsKey {
+    DECLARE_SERIAL(TestSettingsRoot)
+public:
+    TestSettingsRoot() : OrvSettingsKey(L"Root", L"Software\\OrvTest\\Root") {
+        AddValue(L"Keep", 1);
+        AddValue(L"MillFeatureCreationStyle", 1);
+        AddValue(L"NewOpt", 7);
+        AddKey(new TestSettingsGroup);
+    }
+    // The names of the children, head first.
+    std::vector<CString> Names() {
+        std::vector<CString> names;
+        for (POSITION pos = m_List.GetHeadPosition(); pos;)
+            names.push_back(GetName(static_cast<OrvBaseObject*>(m_List.GetNext(pos))));
+        return names;
+    }
+};
+
+IMPLEMENT_SERIAL(TestSettingsGroup, OrvSettingsKey, VERSIONABLE_SCHEMA | 1)
+IMPLEMENT_SERIAL(TestSettingsRoot, OrvSettingsKey, VERSIONABLE_SCHEMA | 1)
+
+namespace {
+
+// An int array filled from a list (the array itself can't be copied).
+struct Ints {
+    CArray<int, int> array;
+    Ints(std::initializer_list<int> values) {
+        for (int value : values)
+            array.Add(value);
+    }
+    operator const CArray<int, int>&() const { return array; }
+};
+
+// One value of each of the nine types, added I first and A last, so that A heads the list.
+void AddNine(OrvSettingsKey& key, int seed) {
+    key.AddValue(L"I", 5 * seed);
+    key.AddValue(L"C", static_cast<unsigned long>(0x00112233u * seed));
+    key.AddValue(L"D", 1.5 * seed);
+    key.AddValue(L"L", static_cast<long double>(2.25 * seed));
+    key.AddValue(L"S", CString(seed == 1 ? L"ab" : L""));
+    key.AddValue(L"P", CPoint(1 * seed, 2 * seed));
+    key.AddValue(L"R", CRect(1 * seed, 2 * seed, 3 * seed, 4 * seed));
+    key.AddValue(L"T", CTime(0x12345678LL * seed));
+    key.AddValue(L"A", Ints({7 * seed, 8 * seed}));
+}
+
+// The nine values as OrvSettingsKey::Serialize writes them, by the format's rules: the base
+// class tag (class 1), the count, then each value with its class description the first time
+// (class 2k, object 2k + 1) and the base tag as a reference to class 1.
+std::vector<std::uint8_t> NineBytes() {
+    ArchiveBytes b;
+    b.NewClass("OrvBaseObject", 2).Count(9);
+    b.NewClass("OrvIntArrayValue", 1).ClassRef(1).String(L"A").Int(2).Int(7).Int(8);
+    b.NewClass("OrvTimeValue", 1).ClassRef(1).String(L"T").Dword(0x8000000A).Qword(0x12345678);
+    b.NewClass("OrvRectValue", 1).ClassRef(1).String(L"R").Int(1).Int(2).Int(3).Int(4);
+    b.NewClass("OrvPointValue", 1).ClassRef(1).String(L"P").Int(1).Int(2);
+    b.NewClass("OrvStringValue", 1).ClassRef(1).String(L"S").String(L"ab");
+    b.NewClass("OrvLongDoubleStrValue", 1).ClassRef(1).String(L"L").Double(2.25);
+    b.NewClass("OrvDoubleValue", 1).ClassRef(1).String(L"D").Double(1.5);
+    b.NewClass("OrvColorValue", 1).ClassRef(1).String(L"C").Dword(0x00112233);
+    b.NewClass("OrvIntValue", 1).ClassRef(1).String(L"I").Int(5);
+    return b.bytes();
+}
+
+class SettingsArchiveTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        TestDocument::Register();
+        TestDocument::Active().m_StorageUnits = 0.0f; // counts as storage version 40
+    }
+};
+
+TEST_F(SettingsArchiveTest, KeyWithOneValueOfEachTypeStoresTheDocumentedBytes) {
+    OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
+    AddNine(key, 1);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { key.Serialize(ar); }), NineBytes());
+}
+
+TEST_F(SettingsArchiveTest, KeyThroughTheObjectProtocolStartsWithItsOwnClass) {
+    OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
+    key.AddValue(L"I", 5);
+    ArchiveBytes b;
+    b.NewClass("OrvSettingsKey", 1).NewClass("OrvBaseObject", 2).Count(1);
+    b.NewClass("OrvIntValue", 1).ClassRef(3).String(L"I").Int(5);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { ar << static_cast<CObject*>(&key); }), b.bytes());
+}
+
+TEST_F(SettingsArchiveTest, NineValuesLoadIntoAKeyWithTheSameOptions) {
+    OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
+    AddNine(key, 0);
+    EXPECT_EQ(LoadBytes(NineBytes(), [&](CArchive& ar) { key.Serialize(ar); }), 0u);
+
+    int i = 0;
+    unsigned long c = 0;
+    double d = 0;
+    long double l = 0;
+    CString s;
+    CPoint p;
+    CRect r;
+    CTime t;
+    CArray<int, int> a;
+    key.GetValue(L"I", i);
+    key.GetValue(L"C", c);
+    key.GetValue(L"D", d);
+    key.GetValue(L"L", l);
+    key.GetValue(L"S", s);
+    key.GetValue(L"P", p);
+    key.GetValue(L"R", r);
+    key.GetValue(L"T", t);
+    key.GetValue(L"A", a);
+    EXPECT_EQ(i, 5);
+    EXPECT_EQ(c, 0x00112233u);
+    EXPECT_EQ(d, 1.5);
+    EXPECT_EQ(l, 2.25L);
+    EXPECT_EQ(s, L"ab");
+    EXPECT_EQ(p, CPoint(1, 2));
+    EXPECT_TRUE(r == CRect(1, 2, 3, 4));
+    EXPECT_EQ(t.GetTime(), 0x12345678);
+    ASSERT_EQ(a.GetSize(), 2);
+    EXPECT_EQ(a[0], 7);
+    EXPECT_EQ(a[1], 8);
+    // And the tree stores again to the same bytes.
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { key.Serialize(ar); }), NineBytes());
+}
+
+// An older document: it holds "Dropped", which this version no longer has, lacks "NewOpt" and
+// "MillFeatureCreationStyle", and its nested group lacks "Inner2".
+std::vector<std::uint8_t> OlderDocument() {
+    ArchiveBytes b;
+    b.NewClass("TestSettingsRoot", 1).NewClass("OrvBaseObject", 2).Count(3); // classes 1, 3
+    b.NewClass("OrvIntValue", 1).ClassRef(3).String(L"Keep").Int(5);         // class 4, obj 5
+    b.ClassRef(4).ClassRef(3).String(L"Dropped").Int(9);                     // obj 6
+    b.NewClass("TestSettingsGroup", 1).ClassRef(3).Count(1);                 // class 7, obj 8
+    b.ClassRef(4).ClassRef(3).String(L"Inner1").Int(11);                     // obj 9
+    return b.bytes();
+}
+
+TEST_F(SettingsArchiveTest, OlderDocumentMergesWithTheCurrentDefaults) {
+    CObject* loaded = nullptr;
+    EXPECT_EQ(LoadBytes(OlderDocument(), [&](CArchive& ar) { ar >> loaded; }), 0u);
+    std::unique_ptr<TestSettingsRoot> root(dynamic_cast<TestSettingsRoot*>(loaded));
+    ASSERT_TRUE(root);
+
+    int keep = -1, mill = -1, newOpt = -1, dropped = -1, inner1 = -1, inner2 = -1;
+    root->GetValue(L"Keep", keep);
+    root->GetValue(L"MillFeatureCreationStyle", mill);
+    root->GetValue(L"NewOpt", newOpt);
+    root->GetValue(L"Dropped", dropped);
+    root->GetValue(L"Inner1", inner1);
+    root->GetValue(L"Inner2", inner2);
+    EXPECT_EQ(keep, 5);     // the archive beats the default
+    EXPECT_EQ(mill, 0);     // older than the option: 0, not the default 1
+    EXPECT_EQ(newOpt, 7);   // newer than the document: the default
+    EXPECT_EQ(dropped, -1); // gone
+    EXPECT_EQ(inner1, 11);  // the nested group merged too
+    EXPECT_EQ(inner2, 20);
+
+    // Defaults moved to the head in their own order; the loaded ones follow in file order.
+    EXPECT_EQ(root->Names(),
+              (std::vector<CString>{L"MillFeatureCreationStyle", L"NewOpt", L"Keep", L"Group"}));
+
+    // The next save no longer holds the dropped option.
+    ArchiveBytes b;
+    b.NewClass("TestSettingsRoot", 1).NewClass("OrvBaseObject", 2).Count(4);
+    b.NewClass("OrvIntValue", 1).ClassRef(3).String(L"MillFeatureCreationStyle").Int(0);
+    b.ClassRef(4).ClassRef(3).String(L"NewOpt").Int(7);
+    b.ClassRef(4).ClassRef(3).String(L"Keep").Int(5);
+    b.NewClass("TestSettingsGroup", 1).ClassRef(3).Count(2);
+    b.ClassRef(4).ClassRef(3).String(L"Inner2").Int(20);
+    b.ClassRef(4).ClassRef(3).String(L"Inner1").Int(11);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { ar << static_cast<CObject*>(root.get()); }),
+              b.bytes());
+}
+
+TEST_F(SettingsArchiveTest, StoredMillFeatureCreationStyleIsKept) {
+    ArchiveBytes b;
+    b.NewClass("OrvBaseObject", 2).Count(1);
+    b.NewClass("OrvIntValue", 1).ClassRef(1).String(L"MillFeatureCreationStyle").Int(1);
+    TestSettingsRoot root;
+    LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); });
+    int mill = -1;
+    root.GetValue(L"MillFeatureCreationStyle", mill);
+    EXPECT_EQ(mill, 1);
+}
+
+TEST_F(SettingsArchiveTest, DocumentOfStorageVersionSixHasNoBaseClassTags) {
+    TestDocument::Active().m_StorageUnits = 6.0f;
+    ArchiveBytes b;
+    b.Count(1).NewClass("OrvIntValue", 1).String(L"Keep").Int(3);
+    TestSettingsRoot root;
+    EXPECT_EQ(LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); }), 0u);
+    int keep = 0;
+    root.GetValue(L"Keep", keep);
+    EXPECT_EQ(keep, 3);
+}
+
+// Loading damaged bytes into a key must throw an archive exception and leave its defaults.
+void ExpectRejectedKeepingDefaults(const std::vector<std::uint8_t>& bytes) {
+    OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
+    AddNine(key, 3);
+    bool thrown = false;
+    try {
+        LoadBytes(bytes, [&](CArchive& ar) { key.Serialize(ar); });
+    } catch (CArchiveException* e) {
+        thrown = true;
+        e->Delete();
+    }
+    EXPECT_TRUE(thrown);
+    int i = 0;
+    CString s = L"unchanged";
+    CArray<int, int> a;
+    key.GetValue(L"I", i);
+    key.GetValue(L"S", s);
+    key.GetValue(L"A", a);
+    EXPECT_EQ(i, 15);
+    EXPECT_EQ(s, L"");
+    ASSERT_EQ(a.GetSize(), 2);
+    EXPECT_EQ(a[1], 24);
+}
+
+TEST_F(SettingsArchiveTest, TruncatedArchiveAtEveryLengthIsRejectedAndLosesNothing) {
+    const std::vector<std::uint8_t> whole = NineBytes();
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        SCOPED_TRACE(length);
+        ExpectRejectedKeepingDefaults(
+            std::vector<std::uint8_t>(whole.begin(), whole.begin() + length));
+    }
+}
+
+TEST_F(SettingsArchiveTest, ObjectNamedTwiceInOneListIsRejected) {
+    ArchiveBytes b;
+    b.NewClass("OrvBaseObject", 2).Count(2);
+    b.NewClass("OrvIntValue", 1).ClassRef(1).String(L"I").Int(1); // class 2, object 3
+    b.ObjectRef(3);
+    ExpectRejectedKeepingDefaults(b.bytes());
+}
+
+TEST_F(SettingsArchiveTest, KeyThatListsItselfIsRejected) {
+    ArchiveBytes b;
+    b.NewClass("OrvSettingsKey", 1).NewClass("OrvBaseObject", 2).Count(1).ObjectRef(2);
+    bool thrown = false;
+    try {
+        LoadBytes(b.bytes(), [](CArchive& ar) {
+            CObject* key = nullptr;
+            ar >> key;
+            delete key;
+        });
+    } catch (CArchiveException* e) {
+        thrown = true;
+        EXPECT_EQ(e->m_cause, CArchiveException::badIndex);
+        e->Delete();
+    }
+    EXPECT_TRUE(thrown);
+}
+
+TEST_F(SettingsArchiveTest, KeysNestedFarDeeperThanAnyCatalogueAreRejected) {
+    // 300 keys, each the only child of the one before, complete and well formed.
+    ArchiveBytes b;
+    b.NewClass("OrvSettingsKey", 1).NewClass("OrvBaseObject", 2).Count(1); // classes 1 and 3
+    for (int level = 0; level < 300; ++level)
+        b.ClassRef(1).ClassRef(3).Count(level == 299 ? 0 : 1);
+    bool thrown = false;
+    try {
+        LoadBytes(b.bytes(), [](CArchive& ar) {
+            CObject* key = nullptr;
+            ar >> key;
+            delete key;
+        });
+    } catch (CArchiveException* e) {
+        thrown = true;
+        EXPECT_EQ(e->m_cause, CArchiveException::genericException);
+        e->Delete();
+    }
+    EXPECT_TRUE(thrown);
+}
+
+TEST_F(SettingsArchiveTest, NegativeArrayCountIsRejected) {
+    ArchiveBytes b;
+    b.NewClass("OrvBaseObject", 2).Count(1);
+    b.NewClass("OrvIntArrayValue", 1).ClassRef(1).String(L"A").Int(-1);
+    ExpectRejectedKeepingDefaults(b.bytes());
+}
+
+TEST_F(SettingsArchiveTest, EightBitNamesLoadToo) {
+    ArchiveBytes b;
+    b.NewClass("OrvBaseObject", 2).Count(1);
+    b.NewClass("OrvIntValue", 1).ClassRef(1).Byte(4);
+    for (char c : std::string("Keep"))
+        b.Byte(static_cast<std::uint8_t>(c));
+    b.Int(42);
+    TestSettingsRoot root;
+    LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); });
+    int keep = 0;
+    root.GetValue(L"Keep", keep);
+    EXPECT_EQ(keep, 42);
+}
+
+} // namespace
