@@ -9,6 +9,7 @@
 #include "frame/OrvShareDll.h"
 #include "mfc/CString.h"
 #include "settings/OrvSettingsKey.h"
+#include "support/TempRegistryDir.h"
 
 namespace {
 
@@ -72,6 +73,7 @@ TEST(ShareDll, StringResourcesResolveThroughTheProductStrings) {
 }
 
 TEST(AppEnv, EntryPointsShareOneEnvironmentUntilClosed) {
+    const TempRegistryDir registry; // the environment's start-up writes its first-run values
     CKelEnvApp* first = InitAppEnv();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(AppEnv(), first);

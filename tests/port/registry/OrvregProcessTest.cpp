@@ -1,6 +1,6 @@
 // orvreg as separate processes: round trip through .reg files, bad input, concurrent writers,
 // a writer killed in the middle of an import.
-#include "TempRegistryDir.h"
+#include "support/TempRegistryDir.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 // The Win32 registry functions: sizes, types, names, enumeration, access and deleted keys.
-#include "TempRegistryDir.h"
+#include "support/TempRegistryDir.h"
 
 #include <windows.h>
 
