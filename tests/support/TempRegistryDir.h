@@ -1,4 +1,5 @@
-// A fresh, empty registry folder for one test: ORV_REGISTRY_DIR points at it while the test runs.
+// A fresh, empty registry folder for one test: ORV_REGISTRY_DIR points at it while the test runs,
+// and gets its previous value back afterwards.
 #pragma once
 
 #include <cstdlib>
@@ -14,10 +15,15 @@ public:
         if (!mkdtemp(pattern.data()))
             std::abort();
         m_path = pattern;
+        if (const char* previous = std::getenv("ORV_REGISTRY_DIR"))
+            m_previous = previous;
         setenv("ORV_REGISTRY_DIR", m_path.c_str(), 1);
     }
     ~TempRegistryDir() {
-        unsetenv("ORV_REGISTRY_DIR");
+        if (m_previous.empty())
+            unsetenv("ORV_REGISTRY_DIR");
+        else
+            setenv("ORV_REGISTRY_DIR", m_previous.c_str(), 1);
         std::error_code error;
         std::filesystem::remove_all(m_path, error);
     }
@@ -29,6 +35,7 @@ public:
 
 private:
     std::string m_path;
+    std::string m_previous;
 };
 
 inline std::string ReadFileBytes(const std::string& path) {
