@@ -2,7 +2,9 @@
 // from the command line.
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "HostCommand.h"
 
@@ -17,9 +19,19 @@ void PrintUsage() {
         std::printf("  %s\n", command.usage);
 }
 
+// The host keeps its registry beside itself unless told otherwise, so that trying it out never
+// touches the user's or the machine's settings.
+void UseEmbeddedRegistryByDefault(const char* program) {
+    if (std::getenv("ORV_REGISTRY_DIR"))
+        return;
+    const auto folder = std::filesystem::absolute(program).parent_path() / "registry";
+    setenv("ORV_REGISTRY_DIR", folder.c_str(), 1);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    UseEmbeddedRegistryByDefault(argv[0]);
     const std::string name = argc > 1 ? argv[1] : "version";
     if (name == "help" || name == "--help" || name == "-h") {
         PrintUsage();
