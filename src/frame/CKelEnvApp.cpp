@@ -14,9 +14,9 @@
 #include "frame/DataFolders.h"
 #include "frame/FeatureSwitches.h"
 #include "frame/OrvHostCallbacks.h"
-#include "frame/ProcessQueries.h"
+#include "port/ProcessQueries.h"
 #include "frame/RegistryHelpers.h"
-#include "frame/SystemQueries.h"
+#include "port/SystemQueries.h"
 #include "mfc/TextConversion.h"
 #include "settings/OrvSettingsKey.h"
 

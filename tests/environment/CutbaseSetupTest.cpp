@@ -7,7 +7,7 @@
 #include "EnvironmentTestSupport.h"
 #include "frame/CutbaseAccessSetup.h"
 #include "frame/CutbaseDatabase.h"
-#include "frame/ProcessQueries.h"
+#include "port/ProcessQueries.h"
 
 namespace {
 

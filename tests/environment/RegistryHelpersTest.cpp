@@ -5,7 +5,7 @@
 
 #include "EnvironmentTestSupport.h"
 #include "frame/FeatureSwitches.h"
-#include "frame/ProcessQueries.h"
+#include "port/ProcessQueries.h"
 #include "frame/RegistryHelpers.h"
 
 namespace {

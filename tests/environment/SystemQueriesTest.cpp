@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "frame/SystemQueries.h"
+#include "port/SystemQueries.h"
 
 namespace {
 

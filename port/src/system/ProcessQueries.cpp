@@ -1,4 +1,4 @@
-#include "frame/ProcessQueries.h"
+#include "port/ProcessQueries.h"
 
 #include <signal.h>
 #include <sys/types.h>

@@ -1,4 +1,4 @@
-#include "frame/SystemQueries.h"
+#include "port/SystemQueries.h"
 
 #include <dlfcn.h>
 #include <pwd.h>
