@@ -1,0 +1,3 @@
+#include "objects/OrvParamHelper.h"
+
+OrvParamHelper::~OrvParamHelper() = default;

@@ -1,0 +1,220 @@
+// A document the way an add-in builds one on the library: a document node that owns a flat list
+// of nodes (their tree runs through the owner links), numbers them through its indexer helper and
+// hands out their ids. The tests, the fuzz target and the benchmark load and store it.
+//
+// One source file of a program defines NODE_DOCUMENT_IMPLEMENTATION before including this header,
+// so that the classes' run-time information exists once.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+#include "frame/OrvHostCallbacks.h"
+#include "mfc/CArchive.h"
+#include "mfc/CException.h"
+#include "objects/CFlaggedError.h"
+#include "objects/OrvLoadTracker.h"
+#include "objects/OrvNodeLoadScope.h"
+#include "objects/OrvObject.h"
+#include "objects/OrvObjectIndexerHelper.h"
+#include "settings/OrvSettingsDump.h"
+
+// A node with a flag. The flag's message id is the class's own, set at construction.
+class DocNode : public OrvObject {
+    DECLARE_SERIAL(DocNode)
+public:
+    CFlaggedError m_Flag{1001, STOCK};
+
+    CString GetClassNameW() override { return L"DocNode"; }
+    CFlaggedError* GetFlag() override { return &m_Flag; }
+    void Serialize(CArchive& ar) override;
+};
+
+// A second node class, numbered under a registered name of its own.
+class DocFolder : public DocNode {
+    DECLARE_SERIAL(DocFolder)
+public:
+    CString GetClassNameW() override { return L"DocFolder"; }
+    CString GetRegisterNodeName() override { return L"Folder"; }
+    void Serialize(CArchive& ar) override;
+};
+
+class NodeDocument : public OrvObject {
+    DECLARE_SERIAL(NodeDocument)
+public:
+    CObList m_Nodes{10};                                             // owned
+    OrvObjectIndexerHelper* m_pIndexer = new OrvObjectIndexerHelper; // owned
+    DWORD m_LastId = 0;                                              // the last id handed out
+    float m_StorageUnits = 0.0f;                                     // what message 201 answers
+
+    NodeDocument() = default;
+    ~NodeDocument() override;
+
+    CString GetClassNameW() override { return L"NodeDocument"; }
+    int SendOrvCoreMessage(ORV_CORE_MESSAGE_ID id, unsigned long long param,
+                           long long extra) override;
+    // The document node, the last id, the nodes, the indexer helper. A load takes only nodes
+    // that it made for this document, each once, and frees everything it made if it fails.
+    void Serialize(CArchive& ar) override;
+    // The document node's dump, then each node's with its users and flag, then the helper's.
+    void DumpData(FILE* file) override;
+
+    // A new node of class T in this document, under `owner`, named and numbered. The document
+    // must be the active one, as it hands out the id.
+    template <class T> T* Add(const CString& name, OrvObject* owner) {
+        T* node = new T;
+        m_Nodes.AddTail(node);
+        node->ChangeName(name);
+        node->SetOwner(owner);
+        node->onCreate();
+        return node;
+    }
+
+    // Registers the callbacks of an add-in (ids, active document, indexer helper) with
+    // `document` as the active one.
+    static void Activate(NodeDocument* document);
+    static NodeDocument* Active();
+};
+
+#ifdef NODE_DOCUMENT_IMPLEMENTATION
+
+IMPLEMENT_SERIAL(DocNode, OrvObject, VERSIONABLE_SCHEMA | 1)
+IMPLEMENT_SERIAL(DocFolder, DocNode, VERSIONABLE_SCHEMA | 1)
+IMPLEMENT_SERIAL(NodeDocument, OrvObject, VERSIONABLE_SCHEMA | 1)
+
+void DocNode::Serialize(CArchive& ar) {
+    ar.SerializeClass(RUNTIME_CLASS(DocNode));
+    OrvObject::Serialize(ar);
+    m_Flag.Serialize(ar);
+}
+
+void DocFolder::Serialize(CArchive& ar) {
+    ar.SerializeClass(RUNTIME_CLASS(DocFolder));
+    DocNode::Serialize(ar);
+}
+
+namespace node_document {
+
+inline NodeDocument* g_active = nullptr;
+
+inline unsigned long NewObjectId() {
+    return g_active ? ++g_active->m_LastId : 0;
+}
+inline OrvObject* ActiveDocument() {
+    return g_active;
+}
+inline OrvObjectIndexerHelper* ActiveIndexer() {
+    return g_active ? g_active->m_pIndexer : nullptr;
+}
+
+} // namespace node_document
+
+void NodeDocument::Activate(NodeDocument* document) {
+    node_document::g_active = document;
+    OrvShareRegisterDocCBK(nullptr, node_document::NewObjectId, node_document::ActiveDocument,
+                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                           nullptr);
+    orvshare_init(node_document::ActiveIndexer, nullptr, nullptr, nullptr);
+}
+
+NodeDocument* NodeDocument::Active() {
+    return node_document::g_active;
+}
+
+NodeDocument::~NodeDocument() {
+    if (node_document::g_active == this)
+        node_document::g_active = nullptr;
+    // The nodes point at one another; drop every link first so that no destructor follows one
+    // to a node already gone.
+    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
+        static_cast<OrvObject*>(m_Nodes.GetNext(pos))->ReleaseLinks();
+    ReleaseLinks();
+    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
+        delete m_Nodes.GetNext(pos);
+    delete m_pIndexer;
+}
+
+int NodeDocument::SendOrvCoreMessage(ORV_CORE_MESSAGE_ID id, unsigned long long param, long long) {
+    if (id != ORV_MSG_GET_DOC_READ_STORAGE_UNITS)
+        return 0;
+    *reinterpret_cast<float*>(static_cast<std::uintptr_t>(param)) = m_StorageUnits;
+    return 1;
+}
+
+void NodeDocument::Serialize(CArchive& ar) {
+    ar.SerializeClass(RUNTIME_CLASS(NodeDocument));
+    if (ar.IsStoring()) {
+        OrvObject::Serialize(ar);
+        ar << m_LastId;
+        ar.WriteCount(static_cast<DWORD_PTR>(m_Nodes.GetCount()));
+        for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
+            ar << m_Nodes.GetNext(pos);
+        ar << m_pIndexer;
+        return;
+    }
+    OrvNodeLoadScope scope(this);
+    OrvLoadTracker tracker(this);
+    CObList nodes(10);
+    OrvObjectIndexerHelper* indexer = nullptr;
+    try {
+        OrvObject::Serialize(ar);
+        DWORD lastId = 0;
+        ar >> lastId;
+        for (DWORD_PTR left = ar.ReadCount(); left > 0; --left) {
+            OrvObject* node = nullptr;
+            ar >> node;
+            if (!tracker.Claim(node))
+                AfxThrowArchiveException(CArchiveException::badIndex);
+            nodes.AddTail(node);
+        }
+        ar >> indexer;
+        if (indexer && !tracker.Claim(indexer)) {
+            indexer = nullptr;
+            AfxThrowArchiveException(CArchiveException::badIndex);
+        }
+        // Every node this load made must be one of the document's, and none may have been lost
+        // half-made while others kept pointing at it.
+        if (scope.LostNodes() || scope.NodesMade() != static_cast<std::size_t>(nodes.GetCount()))
+            AfxThrowArchiveException(CArchiveException::badIndex);
+        m_LastId = lastId;
+    } catch (...) {
+        delete indexer;
+        ReleaseLinks();
+        throw; // the scope frees the nodes
+    }
+    scope.Commit();
+    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
+        static_cast<OrvObject*>(m_Nodes.GetNext(pos))->ReleaseLinks();
+    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
+        delete m_Nodes.GetNext(pos);
+    m_Nodes.RemoveAll();
+    m_Nodes.AddTail(&nodes);
+    // A recycled node read inside its original owner's user list is entered there twice: once by
+    // the load's repair, once by the list itself.
+    RemoveDuplicatesFromUserObjects();
+    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
+        static_cast<OrvObject*>(m_Nodes.GetNext(pos))->RemoveDuplicatesFromUserObjects();
+    delete m_pIndexer;
+    m_pIndexer = indexer ? indexer : new OrvObjectIndexerHelper;
+}
+
+void NodeDocument::DumpData(FILE* file) {
+    if (!file)
+        return;
+    OrvDumpBanner(file, L"NodeDocument", L"Start");
+    OrvObject::DumpData(file);
+    port::FilePrintf(file, L"\n m_LastId: %d", static_cast<int>(m_LastId));
+    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;) {
+        auto* node = static_cast<OrvObject*>(m_Nodes.GetNext(pos));
+        node->DumpData(file);
+        node->DumpUserObjs(file);
+        if (CFlaggedError* flag = node->GetFlag())
+            flag->DumpData(file);
+    }
+    if (m_pIndexer)
+        m_pIndexer->DumpData(file);
+    OrvDumpBanner(file, L"NodeDocument", L"End");
+}
+
+#endif

@@ -1,0 +1,98 @@
+// The process-wide status word of storing and loading, and the post-load notification list.
+#include <gtest/gtest.h>
+
+#include "objects/OrvBaseObject.h"
+#include "objects/OrvObject.h"
+#include "objects/OrvSerializeNotify.h"
+#include "objects/OrvSerializeStatus.h"
+
+namespace {
+
+TEST(SerializationStatus, LoggingAndLocations) {
+    InitialiseSerializationStatus(0);
+    EXPECT_EQ(GetSerializationStatus(), 0u);
+    LogSerializationError(0);
+    EXPECT_EQ(GetSerializationStatus(), 0x0001u);
+    EXPECT_EQ(GetErrorLocation(), 0u);
+
+    InitialiseSerializationStatus(0);
+    LogSerializationError(0x9000);
+    EXPECT_EQ(GetSerializationStatus(), 0x9001u);
+    EXPECT_EQ(GetErrorLocation(), 0x1000u);
+    EXPECT_EQ(IsErrorDetected(), 1u);
+
+    // Two areas: the lower bit is reported.
+    InitialiseSerializationStatus(0);
+    LogSerializationError(0x0400);
+    LogSerializationError(0x0040);
+    EXPECT_EQ(GetErrorLocation(), 0x0040u);
+    EXPECT_EQ(GetSerializationStatus(), 0x0441u);
+
+    // 0x8000 alone is no location.
+    InitialiseSerializationStatus(0);
+    LogSerializationError(0x8000);
+    EXPECT_EQ(GetErrorLocation(), 0u);
+}
+
+TEST(SerializationStatus, InitialiseWithMarkIsNoError) {
+    LogSerializationError(0x0020);
+    InitialiseSerializationStatus(1);
+    EXPECT_EQ(GetSerializationStatus(), 0x0002u);
+    EXPECT_EQ(IsErrorDetected(), 0u);
+    EXPECT_EQ(GetErrorLocation(), 0u);
+}
+
+TEST(SerializationStatus, AnalyseOwnerLogsOnlyAMissingOwner) {
+    OrvObject owner;
+    InitialiseSerializationStatus(0);
+    EXPECT_EQ(AnalyseOwner(&owner, 0x0020), 1);
+    EXPECT_EQ(GetSerializationStatus(), 0u);
+    EXPECT_EQ(AnalyseOwner(nullptr, 0x0020), 1);
+    EXPECT_EQ(GetSerializationStatus(), 0x9021u);
+    EXPECT_EQ(GetErrorLocation(), 0x0020u);
+}
+
+// Records the order in which it is told that loading has ended.
+class Listener : public OrvBaseObject {
+public:
+    explicit Listener(std::vector<int>* log, int id) : m_log(log), m_id(id) {}
+    void OnPostLoadFromStorageNotify() override { m_log->push_back(m_id); }
+
+private:
+    std::vector<int>* m_log;
+    int m_id;
+};
+
+TEST(SerializeNotify, NotifiesInOrderAndKeepsTheList) {
+    OrvSerializeNotify::Clear();
+    std::vector<int> log;
+    Listener a(&log, 1), b(&log, 2);
+    EXPECT_EQ(OrvSerializeNotify::RegisterForNotification(nullptr), 0);
+    EXPECT_EQ(OrvSerializeNotify::RegisterForNotification(&a), 1);
+    EXPECT_EQ(OrvSerializeNotify::RegisterForNotification(&b), 1);
+    EXPECT_EQ(OrvSerializeNotify::RegisterForNotification(&a), 1);
+    OrvSerializeNotify::PostLoadFromStorageNotify();
+    EXPECT_EQ(log, (std::vector<int>{1, 2, 1}));
+    OrvSerializeNotify::PostLoadFromStorageNotify();
+    EXPECT_EQ(log.size(), 6u);
+    OrvSerializeNotify::Clear();
+}
+
+TEST(SerializeNotify, RemoveTakesTheLastEntryOfTheObject) {
+    OrvSerializeNotify::Clear();
+    std::vector<int> log;
+    Listener a(&log, 1), b(&log, 2);
+    OrvSerializeNotify::RegisterForNotification(&a);
+    OrvSerializeNotify::RegisterForNotification(&b);
+    OrvSerializeNotify::RegisterForNotification(&a);
+    EXPECT_EQ(OrvSerializeNotify::RemoveFromNotification(nullptr), 0);
+    EXPECT_EQ(OrvSerializeNotify::RemoveFromNotification(&a), 1);
+    OrvSerializeNotify::PostLoadFromStorageNotify();
+    EXPECT_EQ(log, (std::vector<int>{1, 2}));
+    // An object that is not listed: still 1, nothing changes.
+    Listener c(&log, 3);
+    EXPECT_EQ(OrvSerializeNotify::RemoveFromNotification(&c), 1);
+    OrvSerializeNotify::Clear();
+}
+
+} // namespace
