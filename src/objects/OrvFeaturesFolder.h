@@ -1,0 +1,13 @@
+// OrvFeaturesFolder: the folder of the document's features. It adds nothing to OrvBaseFolder but
+// its class, which the archive and the interface tell apart.
+#pragma once
+
+#include "objects/OrvBaseFolder.h"
+
+class OrvFeaturesFolder : public OrvBaseFolder {
+    DECLARE_SERIAL(OrvFeaturesFolder)
+public:
+    OrvFeaturesFolder() = default;
+
+    ORV_FOLDER_TYPE GetFolderType() override;
+};
