@@ -1,11 +1,12 @@
-// Loads arbitrary bytes as a document of nodes (the library's node, flag and indexer classes under
-// an add-in's document class), dumps what loads, and frees it. A damaged document must end in an
-// archive exception, never in a crash or a leak.
+// Loads arbitrary bytes as a document of nodes (the library's node, flag, folder and indexer
+// classes under an add-in's document class), dumps what loads with both views of its folder list,
+// and frees it. A damaged document must end in an archive exception, never in a crash or a leak.
 #include <cstdint>
 #include <cstdio>
 #include <memory>
 
 #include "mfc/CMemFile.h"
+#include "objects/FolderDemo.h"
 
 #define NODE_DOCUMENT_IMPLEMENTATION
 #include "tests/objects/nodes/NodeDocument.h"
@@ -24,8 +25,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         NodeDocument* loaded = nullptr;
         ar >> loaded;
         std::unique_ptr<NodeDocument> doc(loaded);
-        if (doc)
+        if (doc) {
             doc->DumpData(sink);
+            DumpFolderViews(doc->m_FolderList, sink);
+        }
     } catch (CException* e) {
         e->Delete();
     }

@@ -1,5 +1,6 @@
 // orvhost doc save FILE: builds a demonstration document the way an add-in does and writes it.
-// orvhost doc dump FILE: loads a document written that way and prints its dump.
+// orvhost doc dump FILE: loads a document written that way and prints its dump, then both views of
+// its folder list.
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -7,6 +8,7 @@
 #include "HostCallbacks.h"
 #include "HostCommand.h"
 #include "mfc/CFile.h"
+#include "objects/FolderDemo.h"
 
 #define NODE_DOCUMENT_IMPLEMENTATION
 #include "tests/objects/nodes/NodeDocument.h"
@@ -28,7 +30,8 @@ void Start(NodeDocument* document) {
 }
 
 // A small feature tree: two folders under the document, features in them, a feature that uses
-// another, one recycled into a bin, a flagged one, a locked and a suppressed one.
+// another, one recycled into a bin, a flagged one, a locked and a suppressed one. The features
+// that stand also go into the document's folder list, grouped in nested folders.
 void BuildDemonstration(NodeDocument& doc) {
     doc.ChangeName(L"Demonstration");
     auto* bin = doc.Add<DocFolder>(L"Recycle bin", &doc);
@@ -37,6 +40,10 @@ void BuildDemonstration(NodeDocument& doc) {
     auto* pocket = doc.Add<DocNode>(L"Pocket", features);
     auto* hole = doc.Add<DocNode>(L"Hole", features);
     auto* slot = doc.Add<DocNode>(L"Slot", features);
+    auto* boss = doc.Add<DocNode>(L"Boss", features);
+    auto* groove = doc.Add<DocNode>(L"Groove", features);
+    auto* chamfer = doc.Add<DocNode>(L"Chamfer", features);
+    auto* face = doc.Add<DocNode>(L"Face", features);
     auto* roughing = doc.Add<DocNode>(L"Roughing", operations);
     auto* drilling = doc.Add<DocNode>(L"Drilling", operations);
     pocket->AddToUserObjectsList(roughing, 0); // the roughing works on the pocket
@@ -50,6 +57,12 @@ void BuildDemonstration(NodeDocument& doc) {
     roughing->SetState(OrvObject::SUPPRESSED);
     pocket->SetDisplayColor(0x000080FF);
     pocket->SetNodeStatus(ORV_NODE_STATUS_DISPLAY, 1);
+    CObList featureList;
+    for (OrvObject* feature : {static_cast<OrvObject*>(pocket), static_cast<OrvObject*>(hole),
+                               static_cast<OrvObject*>(boss), static_cast<OrvObject*>(groove),
+                               static_cast<OrvObject*>(chamfer), static_cast<OrvObject*>(face)})
+        featureList.AddTail(feature);
+    BuildDemoFolders(doc.m_FolderList, featureList, &doc);
     for (POSITION pos = doc.m_Nodes.GetHeadPosition(); pos;)
         static_cast<OrvObject*>(doc.m_Nodes.GetNext(pos))->GetUiObject(); // audit stamps
 }
@@ -105,6 +118,7 @@ int RunDump(const std::string& path) {
     g_document = doc.get();
     doc->DumpData(stdout);
     std::printf("\n");
+    DumpFolderViews(doc->m_FolderList, stdout);
     g_document = nullptr;
     orvhost::StopLibrary();
     return 0;

@@ -26,10 +26,16 @@ void OrvBaseFolder::Serialize(CArchive& ar) {
     // taken so that it does not stand for the next object.
     ar.GetObjectSchema();
     OrvObject::Serialize(ar);
-    // Opened behind the node part, whose own tracking of this object ends with it.
+    // Opened behind the node part: when it is the thread's first, nothing that the node part made
+    // (objects its links only refer to) counts as fresh for the children.
     OrvLoadTracker tracker(this);
     ar >> m_FolderName;
     SerializeLevel(ar, m_Childs, &tracker);
+}
+
+void OrvBaseFolder::ReleaseLinks() {
+    OrvObject::ReleaseLinks();
+    m_Childs.RemoveAll();
 }
 
 void OrvBaseFolder::RemoveAll() {

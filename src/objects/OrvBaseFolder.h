@@ -19,6 +19,8 @@ public:
     // own: the schema of the reference that loaded it is taken and dropped. The ids are not
     // archived. Loading replaces the children.
     void Serialize(CArchive& ar) override;
+    // Also empties the children without deleting the sub-folders.
+    void ReleaseLinks() override;
 
     // Empties the children without deleting anything.
     virtual void RemoveAll();

@@ -22,9 +22,15 @@ void OrvFolderManager::Serialize(CArchive& ar) {
     }
     RequireSchema(ar.GetObjectSchema());
     OrvObject::Serialize(ar);
-    // Opened behind the node part, whose own tracking of this object ends with it.
+    // Opened behind the node part: when it is the thread's first, nothing that the node part made
+    // (objects its links only refer to) counts as fresh for the children.
     OrvLoadTracker tracker(this);
     SerializeLevel(ar, m_ObjList, &tracker);
+}
+
+void OrvFolderManager::ReleaseLinks() {
+    OrvObject::ReleaseLinks();
+    m_ObjList.RemoveAll();
 }
 
 void OrvFolderManager::Update(ORV_ENUM_OB_ACTION_TYPE action, OrvObject* object,

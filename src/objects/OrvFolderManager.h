@@ -27,6 +27,8 @@ public:
 
     // The OrvObject part and the top level as object references. Loading replaces the tree.
     void Serialize(CArchive& ar) override;
+    // Also empties the top level without deleting the folders.
+    void ReleaseLinks() override;
 
     // Replays an edit of the flat list. Actions 2, 3 and 4 act where `reference` stands and
     // action 6 where `object` stands, at the top level or in a folder; 7 and above are ignored.

@@ -50,7 +50,8 @@ void OrvFolderObList::Serialize(CArchive& ar) {
     }
     folder_level::RequireSchema(ar.GetObjectSchema());
     OrvObject::Serialize(ar);
-    // Opened behind the node part, whose own tracking of this object ends with it.
+    // Opened behind the node part: when it is the thread's first, nothing that the node part made
+    // (objects its links only refer to) counts as fresh for the children.
     OrvLoadTracker tracker(this);
     m_ObList.RemoveAll();
     m_pFolderManager.reset();
@@ -61,6 +62,12 @@ void OrvFolderObList::Serialize(CArchive& ar) {
     if (manager && !tracker.Claim(manager))
         AfxThrowArchiveException(CArchiveException::badIndex);
     m_pFolderManager.reset(static_cast<OrvFolderManager*>(manager));
+}
+
+void OrvFolderObList::ReleaseLinks() {
+    OrvObject::ReleaseLinks();
+    m_ObList.RemoveAll();
+    static_cast<void>(m_pFolderManager.release());
 }
 
 void OrvFolderObList::Initialize(CObList* objects) {
@@ -88,6 +95,18 @@ void OrvFolderObList::Copy(const OrvFolderObList& source) {
         m_pFolderManager->Copy(source.m_pFolderManager.get());
     else
         m_pFolderManager->SetInitialObjList(m_ObList);
+}
+
+void OrvFolderObList::Swap(OrvFolderObList& other) {
+    if (&other == this)
+        return;
+    CObList mine;
+    mine.AddTail(&m_ObList);
+    m_ObList.RemoveAll();
+    m_ObList.AddTail(&other.m_ObList);
+    other.m_ObList.RemoveAll();
+    other.m_ObList.AddTail(&mine);
+    m_pFolderManager.swap(other.m_pFolderManager);
 }
 
 POSITION OrvFolderObList::AddHead(OrvObject* object) {

@@ -27,6 +27,8 @@ public:
     // The OrvObject part, the flat list and the tree as object references. A tree that fails to
     // be written is logged (0x1000) and written as null. Loading replaces both.
     void Serialize(CArchive& ar) override;
+    // Also empties the flat list and lets go of the tree without deleting it.
+    void ReleaseLinks() override;
 
     // The flat list becomes the objects of `objects`, and a new tree holds them at its top level.
     void Initialize(CObList* objects);
@@ -35,6 +37,8 @@ public:
     // The flat list and a shallow copy of the tree of `source` (a tree of its flat list when it
     // has none).
     void Copy(const OrvFolderObList& source);
+    // The flat lists and the trees change places; the node parts stay.
+    void Swap(OrvFolderObList& other);
 
     CObList& GetObList() { return m_ObList; }
     const CObList& GetObList() const { return m_ObList; }

@@ -1,13 +1,15 @@
 #include "objects/OrvLoadTracker.h"
 
 #include <memory>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace {
 
 struct TrackingState {
     std::unordered_set<const CObject*> fresh;
-    std::unordered_set<const CObject*> busy;
+    // How many trackers of each object are open: a class and its base may each open one.
+    std::unordered_map<const CObject*, std::size_t> busy;
 };
 
 thread_local std::unique_ptr<TrackingState> t_state;
@@ -17,11 +19,13 @@ thread_local std::unique_ptr<TrackingState> t_state;
 OrvLoadTracker::OrvLoadTracker(const CObject* loading) : m_loading(loading), m_opened(!t_state) {
     if (m_opened)
         t_state = std::make_unique<TrackingState>();
-    t_state->busy.insert(loading);
+    ++t_state->busy[loading];
 }
 
 OrvLoadTracker::~OrvLoadTracker() {
-    t_state->busy.erase(m_loading);
+    const auto entry = t_state->busy.find(m_loading);
+    if (--entry->second == 0)
+        t_state->busy.erase(entry);
     if (m_opened)
         t_state.reset();
 }

@@ -14,13 +14,13 @@ class CObject;
 class OrvLoadTracker {
 public:
     // Opens the thread's tracking (or joins the one already open) and marks `loading`, the object
-    // whose Serialize runs, as busy until this tracker closes.
+    // whose Serialize runs, as busy until the last tracker opened for it closes.
     explicit OrvLoadTracker(const CObject* loading);
     ~OrvLoadTracker();
     OrvLoadTracker(const OrvLoadTracker&) = delete;
     OrvLoadTracker& operator=(const OrvLoadTracker&) = delete;
 
-    // How many objects are being loaded on this thread, one inside the other.
+    // How many distinct objects are being loaded on this thread, one inside the other.
     static std::size_t Depth();
 
     // True, once, for an object created while tracking and not being loaded.

@@ -75,7 +75,7 @@ OrvObject::OrvObject() = default;
 
 OrvObject::~OrvObject() {
     if (OrvNodeLoadScope::Destroyed(this))
-        ReleaseLinks();
+        OrvObject::ReleaseLinks();
     delete m_pUiObject;
     DestroyPattern();
     DetachFromAllUserObjects();
@@ -108,8 +108,9 @@ void OrvObject::Serialize(CArchive& ar) {
     try {
         Load(ar, schema);
     } catch (...) {
-        // The nodes this load made are freed by the scope; drop the links to them.
-        ReleaseLinks();
+        // The nodes this load made are freed by the scope; drop the links to them. Only the node
+        // part is being loaded: what a derived class owns is left alone here.
+        OrvObject::ReleaseLinks();
         throw;
     }
     scope.Commit();

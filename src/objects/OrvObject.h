@@ -167,8 +167,10 @@ public:
 
     // Drops every link to other objects (owner, original owner, user lists, match, pattern
     // manager) without telling them and without deleting anything. For tearing a whole graph of
-    // nodes down at once, when the objects on the other ends may already be gone.
-    void ReleaseLinks();
+    // nodes down at once, when the objects on the other ends may already be gone and each node is
+    // deleted on its own. A class that owns other nodes drops those too, so that deleting it then
+    // frees nothing twice.
+    virtual void ReleaseLinks();
 
 protected:
     virtual void iCreate();

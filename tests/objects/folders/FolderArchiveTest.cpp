@@ -166,9 +166,9 @@ TEST_F(FolderArchive, AFolderThatHoldsItselfOrHasTwoOwnersIsRefused) {
     EXPECT_EQ(CArchiveException::badIndex, LoadFailure(FolderOnlyBytes({}, true)));
 }
 
-// Disabled until OrvObject::ReleaseLinks is virtual: the failing load frees G and S, and G, not
-// told, frees S once more. A folder must drop its children when its links are released.
-TEST_F(FolderArchive, DISABLED_AFolderTreeLoadedInsideAFailingNodeLoadIsFreedOnce) {
+// The failing load frees G and S each on its own: G must drop its children when its links are
+// released, or it frees S once more.
+TEST_F(FolderArchive, AFolderTreeLoadedInsideAFailingNodeLoadIsFreedOnce) {
     // The list's owner is a folder G holding a folder S; the file ends right behind them, inside
     // the list's node part.
     Spell s;

@@ -1,6 +1,6 @@
 // Whole documents: a round trip of ten thousand nodes with owners, user lists both ways, recycled
-// nodes, flags and indexers; and damaged documents, cut short or with flipped bits, which must end
-// in an archive exception without a crash or a leak.
+// nodes, flags and indexers; a document with a folder list; and damaged documents, cut short or
+// with flipped bits, which must end in an archive exception without a crash or a leak.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -9,6 +9,7 @@
 
 #include "NodeDocument.h"
 #include "NodeTestSupport.h"
+#include "objects/FolderDemo.h"
 
 namespace {
 
@@ -274,6 +275,98 @@ TEST_F(DocumentTest, DeepNestingLoadsUpToALimit) {
 
 TEST_F(DocumentTest, NestingBeyondTheLimitIsAnArchiveException) {
     EXPECT_EQ(LoadFails(ChainDocument(m_doc, 1200)), CArchiveException::genericException);
+}
+
+} // namespace
+
+namespace {
+
+// Six features F0 ... F5 under the document, grouped into the demonstration's nested folders.
+std::vector<OrvObject*> BuildFolderDocument(NodeDocument& doc) {
+    std::vector<OrvObject*> features;
+    CObList list;
+    for (int i = 0; i < 6; ++i) {
+        CString name;
+        name.Format(L"F%d", i);
+        features.push_back(doc.Add<DocNode>(name, &doc));
+        list.AddTail(features.back());
+    }
+    BuildDemoFolders(doc.m_FolderList, list, &doc);
+    return features;
+}
+
+std::string FolderViews(const NodeDocument& doc) {
+    return CaptureDump([&](FILE* file) { DumpFolderViews(doc.m_FolderList, file); });
+}
+
+TEST_F(DocumentTest, TheFolderListComesBackWithItsTree) {
+    BuildFolderDocument(m_doc);
+    auto loaded = Load(Store(m_doc));
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(FolderViews(*loaded), "Flat list: 6 objects\n"
+                                    "   1 F0\n   2 F1\n   3 F2\n   4 F3\n   5 F4\n   6 F5\n"
+                                    "Folder tree:\n"
+                                    "  F0\n"
+                                    "  [Roughing] (id 1)\n"
+                                    "    F1\n"
+                                    "    [Pockets] (id 2)\n"
+                                    "      F2\n"
+                                    "      F3\n"
+                                    "  [Finishing] (id 3)\n"
+                                    "    F4\n"
+                                    "  F5\n");
+    // The list refers to the loaded document's own nodes, and the folders keep their class and
+    // their owner.
+    const auto back = Nodes(*loaded);
+    CObList flat;
+    flat.AddTail(&loaded->m_FolderList.GetObList());
+    ASSERT_EQ(flat.GetCount(), 6);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(flat.GetAt(flat.FindIndex(i)), back[static_cast<std::size_t>(i)]);
+    OrvBaseFolder* roughing = loaded->m_FolderList.GetParentFolderOfObject(back[1]);
+    ASSERT_NE(roughing, nullptr);
+    EXPECT_STREQ(roughing->GetRuntimeClass()->m_lpszClassName, "OrvFeaturesFolder");
+    EXPECT_EQ(roughing->GetOwner(), loaded.get());
+    EXPECT_EQ(back[3]->GetOwner(), loaded.get());
+    // A loaded document stores the bytes it was loaded from.
+    EXPECT_EQ(Store(*loaded), Store(m_doc));
+}
+
+TEST_F(DocumentTest, AFolderListThatBringsANodeOfItsOwnIsRefused) {
+    auto features = BuildFolderDocument(m_doc);
+    // A node that the document does not list, written inside the folder list's flat list.
+    auto stray = std::make_unique<DocNode>();
+    m_doc.m_FolderList.AddTail(stray.get());
+    const auto bytes = Store(m_doc);
+    m_doc.m_FolderList.Remove(static_cast<OrvObject*>(stray.get()));
+    EXPECT_EQ(LoadFails(bytes), CArchiveException::badIndex);
+}
+
+// Cut short anywhere, or with any bit flipped, a document with folders loads or fails with an
+// archive exception, and whatever the failed load made is freed once.
+TEST_F(DocumentTest, DamagedFolderDocumentsFailCleanly) {
+    BuildFolderDocument(m_doc);
+    const auto bytes = Store(m_doc);
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        SCOPED_TRACE(length);
+        LoadFails(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + length));
+    }
+    int failures = 0, loads = 0;
+    for (std::size_t at = 0; at < bytes.size(); ++at)
+        for (int bit = 0; bit < 8; ++bit) {
+            auto flipped = bytes;
+            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
+            try {
+                auto loaded = Load(flipped);
+                FolderViews(*loaded);
+                ++loads;
+            } catch (CArchiveException* e) {
+                e->Delete();
+                ++failures;
+            }
+        }
+    EXPECT_GT(failures, 0);
+    EXPECT_GT(loads, 0);
 }
 
 } // namespace

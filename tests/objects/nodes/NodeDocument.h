@@ -1,6 +1,7 @@
 // A document the way an add-in builds one on the library: a document node that owns a flat list
-// of nodes (their tree runs through the owner links), numbers them through its indexer helper and
-// hands out their ids. The tests, the fuzz target and the benchmark load and store it.
+// of nodes (their tree runs through the owner links), keeps some of them in a folder list with a
+// folder tree, numbers them through its indexer helper and hands out their ids. The tests, the fuzz
+// target and the benchmark load and store it.
 //
 // One source file of a program defines NODE_DOCUMENT_IMPLEMENTATION before including this header,
 // so that the classes' run-time information exists once.
@@ -8,11 +9,15 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <memory>
+#include <vector>
 
 #include "frame/OrvHostCallbacks.h"
 #include "mfc/CArchive.h"
 #include "mfc/CException.h"
 #include "objects/CFlaggedError.h"
+#include "objects/OrvBaseFolder.h"
+#include "objects/OrvFolderObList.h"
 #include "objects/OrvLoadTracker.h"
 #include "objects/OrvNodeLoadScope.h"
 #include "objects/OrvObject.h"
@@ -42,7 +47,8 @@ public:
 class NodeDocument : public OrvObject {
     DECLARE_SERIAL(NodeDocument)
 public:
-    CObList m_Nodes{10};                                             // owned
+    CObList m_Nodes{10};          // owned
+    OrvFolderObList m_FolderList; // some of the nodes, in folders; owns its folders
     OrvObjectIndexerHelper* m_pIndexer = new OrvObjectIndexerHelper; // owned
     DWORD m_LastId = 0;                                              // the last id handed out
     float m_StorageUnits = 0.0f;                                     // what message 201 answers
@@ -53,8 +59,9 @@ public:
     CString GetClassNameW() override { return L"NodeDocument"; }
     int SendOrvCoreMessage(ORV_CORE_MESSAGE_ID id, unsigned long long param,
                            long long extra) override;
-    // The document node, the last id, the nodes, the indexer helper. A load takes only nodes
-    // that it made for this document, each once, and frees everything it made if it fails.
+    // The document node, the last id, the nodes, the folder list, the indexer helper. A load
+    // takes only nodes that it made for this document or for the folder list's own tree, each
+    // once, and frees everything it made if it fails.
     void Serialize(CArchive& ar) override;
     // The document node's dump, then each node's with its users and flag, then the helper's.
     void DumpData(FILE* file) override;
@@ -74,6 +81,13 @@ public:
     // `document` as the active one.
     static void Activate(NodeDocument* document);
     static NodeDocument* Active();
+
+private:
+    // The nodes that `list` owns: its folder manager and every folder of the tree.
+    static void AppendTreeNodes(const OrvFolderObList& list, std::vector<OrvObject*>& owned);
+    // Frees `nodes` and the tree of `list` at once: every link is dropped before anything is
+    // deleted, so that no destructor follows a link to a node already gone.
+    static void FreeNodes(CObList& nodes, OrvFolderObList& list);
 };
 
 #ifdef NODE_DOCUMENT_IMPLEMENTATION
@@ -125,14 +139,41 @@ NodeDocument* NodeDocument::Active() {
 NodeDocument::~NodeDocument() {
     if (node_document::g_active == this)
         node_document::g_active = nullptr;
-    // The nodes point at one another; drop every link first so that no destructor follows one
-    // to a node already gone.
-    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
-        static_cast<OrvObject*>(m_Nodes.GetNext(pos))->ReleaseLinks();
+    FreeNodes(m_Nodes, m_FolderList);
     ReleaseLinks();
-    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
-        delete m_Nodes.GetNext(pos);
     delete m_pIndexer;
+}
+
+namespace node_document {
+
+inline void AppendFolders(const CObList& level, std::vector<OrvObject*>& owned) {
+    for (POSITION pos = level.GetHeadPosition(); pos;)
+        if (auto* folder = DYNAMIC_DOWNCAST(OrvBaseFolder, level.GetNext(pos))) {
+            owned.push_back(folder);
+            AppendFolders(folder->Children(), owned);
+        }
+}
+
+} // namespace node_document
+
+void NodeDocument::AppendTreeNodes(const OrvFolderObList& list, std::vector<OrvObject*>& owned) {
+    if (OrvFolderManager* manager = list.GetFolderManager()) {
+        owned.push_back(manager);
+        node_document::AppendFolders(manager->TopLevel(), owned);
+    }
+}
+
+void NodeDocument::FreeNodes(CObList& nodes, OrvFolderObList& list) {
+    std::vector<OrvObject*> owned;
+    for (POSITION pos = nodes.GetHeadPosition(); pos;)
+        owned.push_back(static_cast<OrvObject*>(nodes.GetNext(pos)));
+    AppendTreeNodes(list, owned);
+    nodes.RemoveAll();
+    for (OrvObject* node : owned)
+        node->ReleaseLinks();
+    list.ReleaseLinks();
+    for (OrvObject* node : owned)
+        delete node;
 }
 
 int NodeDocument::SendOrvCoreMessage(ORV_CORE_MESSAGE_ID id, unsigned long long param, long long) {
@@ -150,12 +191,16 @@ void NodeDocument::Serialize(CArchive& ar) {
         ar.WriteCount(static_cast<DWORD_PTR>(m_Nodes.GetCount()));
         for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
             ar << m_Nodes.GetNext(pos);
+        m_FolderList.Serialize(ar);
         ar << m_pIndexer;
         return;
     }
     OrvNodeLoadScope scope(this);
     OrvLoadTracker tracker(this);
     CObList nodes(10);
+    // The folder list is read into an object of this load, which the scope frees with the rest
+    // if the load fails; on success its content moves into the member.
+    OrvFolderObList* list = nullptr;
     OrvObjectIndexerHelper* indexer = nullptr;
     try {
         OrvObject::Serialize(ar);
@@ -168,14 +213,20 @@ void NodeDocument::Serialize(CArchive& ar) {
                 AfxThrowArchiveException(CArchiveException::badIndex);
             nodes.AddTail(node);
         }
+        list = new OrvFolderObList;
+        OrvNodeLoadScope::Loading(list);
+        list->Serialize(ar);
         ar >> indexer;
         if (indexer && !tracker.Claim(indexer)) {
             indexer = nullptr;
             AfxThrowArchiveException(CArchiveException::badIndex);
         }
-        // Every node this load made must be one of the document's, and none may have been lost
-        // half-made while others kept pointing at it.
-        if (scope.LostNodes() || scope.NodesMade() != static_cast<std::size_t>(nodes.GetCount()))
+        // Every node this load made must be one of the document's, the folder list or a node of
+        // its tree, and none may have been lost half-made while others kept pointing at it.
+        std::vector<OrvObject*> tree;
+        AppendTreeNodes(*list, tree);
+        if (scope.LostNodes() ||
+            scope.NodesMade() != static_cast<std::size_t>(nodes.GetCount()) + 1 + tree.size())
             AfxThrowArchiveException(CArchiveException::badIndex);
         m_LastId = lastId;
     } catch (...) {
@@ -184,11 +235,12 @@ void NodeDocument::Serialize(CArchive& ar) {
         throw; // the scope frees the nodes
     }
     scope.Commit();
-    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
-        static_cast<OrvObject*>(m_Nodes.GetNext(pos))->ReleaseLinks();
-    for (POSITION pos = m_Nodes.GetHeadPosition(); pos;)
-        delete m_Nodes.GetNext(pos);
-    m_Nodes.RemoveAll();
+    // The old content goes into the loaded list's place and is freed with the old nodes.
+    std::unique_ptr<OrvFolderObList> old(list);
+    m_FolderList.Swap(*old);
+    FreeNodes(m_Nodes, *old);
+    // Folder ids are not archived: the tree is numbered again, as when it was built.
+    m_FolderList.GenerateFolderIds();
     m_Nodes.AddTail(&nodes);
     // A recycled node read inside its original owner's user list is entered there twice: once by
     // the load's repair, once by the list itself.
