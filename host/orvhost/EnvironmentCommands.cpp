@@ -96,7 +96,7 @@ void Print(const wchar_t* label, const CString& value) {
 
 int RunEnv(const orvhost::Arguments& arguments) {
     const std::filesystem::path install =
-        std::filesystem::absolute(arguments.empty() ? "data" : arguments[0]);
+        std::filesystem::absolute(arguments.empty() ? ORV_DEFAULT_INSTALL_DIR : arguments[0]);
     // The library's file stands in the install folder, as it does in an installation.
     CKelEnvApp::SetModuleFilePathOverride(
         port::NarrowToWide((install / "libKELSHAREu.so").string()).c_str());
@@ -131,9 +131,11 @@ int RunEnv(const orvhost::Arguments& arguments) {
     return result == 0 ? 0 : 1;
 }
 
-const orvhost::CommandRegistrar envRegistrar(
-    {"env", "env        [FOLDER] start against an install tree (data/) and print the environment",
-     RunEnv});
+const orvhost::CommandRegistrar
+    envRegistrar({"env",
+                  "env        [FOLDER] start against an install tree (default: the project's "
+                  "data/) and print the environment",
+                  RunEnv});
 
 const orvhost::CommandRegistrar registrar(
     {"message", "message    show an Outcome through the default message sink", RunMessage});

@@ -9,8 +9,12 @@ std::vector<HostCommand>& Registry() {
 }
 } // namespace
 
-const std::vector<HostCommand>& Commands() { return Registry(); }
+const std::vector<HostCommand>& Commands() {
+    return Registry();
+}
 
-CommandRegistrar::CommandRegistrar(const HostCommand& command) { Registry().push_back(command); }
+CommandRegistrar::CommandRegistrar(const HostCommand& command) {
+    Registry().push_back(command);
+}
 
 } // namespace orvhost

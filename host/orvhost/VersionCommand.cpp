@@ -26,7 +26,7 @@ int RunVersion(const orvhost::Arguments&) {
     return 0;
 }
 
-const orvhost::CommandRegistrar registrar({"version", "version    print the version and the runtime classes",
-                                           RunVersion});
+const orvhost::CommandRegistrar
+    registrar({"version", "version    print the version and the runtime classes", RunVersion});
 
 } // namespace
