@@ -3,6 +3,6 @@
 
 #include <windows.h>
 
-#include "afxcore.h"
 #include "afxcoll.h"
+#include "afxcore.h"
 #include "mfc/CString.h"

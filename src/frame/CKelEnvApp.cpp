@@ -14,10 +14,10 @@
 #include "frame/DataFolders.h"
 #include "frame/FeatureSwitches.h"
 #include "frame/OrvHostCallbacks.h"
-#include "port/ProcessQueries.h"
 #include "frame/RegistryHelpers.h"
-#include "port/SystemQueries.h"
 #include "mfc/TextConversion.h"
+#include "port/ProcessQueries.h"
+#include "port/SystemQueries.h"
 #include "settings/OrvSettingsKey.h"
 
 std::unique_ptr<CKelEnvApp> CKelEnvApp::m_envAppInstance;

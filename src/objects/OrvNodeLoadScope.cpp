@@ -61,6 +61,10 @@ bool OrvNodeLoadScope::Destroyed(OrvObject* node) {
     return true;
 }
 
-bool OrvNodeLoadScope::LostNodes() const { return t_record && t_record->lost; }
+bool OrvNodeLoadScope::LostNodes() const {
+    return t_record && t_record->lost;
+}
 
-std::size_t OrvNodeLoadScope::NodesMade() const { return t_record ? t_record->alive : 0; }
+std::size_t OrvNodeLoadScope::NodesMade() const {
+    return t_record ? t_record->alive : 0;
+}

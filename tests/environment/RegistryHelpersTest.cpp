@@ -5,8 +5,8 @@
 
 #include "EnvironmentTestSupport.h"
 #include "frame/FeatureSwitches.h"
-#include "port/ProcessQueries.h"
 #include "frame/RegistryHelpers.h"
+#include "port/ProcessQueries.h"
 
 namespace {
 
