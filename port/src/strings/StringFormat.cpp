@@ -16,7 +16,7 @@ namespace {
 
 enum class Size { Default, Char, Short, Long, LongLong, Int32, Pointer, IntMax, LongDouble, Wide };
 
-struct Spec {
+struct Directive {
     bool left = false;
     bool plus = false;
     bool space = false;
@@ -28,29 +28,31 @@ struct Spec {
     char conversion = 0;
 };
 
-// The C library's conversion of one value, by a narrow spec built from ours. Width and
+// The C library's conversion of one value, by a narrow directive built from ours. Width and
 // precision travel as '*' arguments.
-template <typename V> std::string CConvert(const Spec& spec, const char* length, V value) {
+template <typename V>
+std::string CConvert(const Directive& directive, const char* length, V value) {
     std::string format = "%";
-    if (spec.left)
+    if (directive.left)
         format += '-';
-    if (spec.plus)
+    if (directive.plus)
         format += '+';
-    if (spec.space)
+    if (directive.space)
         format += ' ';
-    if (spec.alt)
+    if (directive.alt)
         format += '#';
-    if (spec.zero)
+    if (directive.zero)
         format += '0';
     format += '*';
-    if (spec.precision >= 0)
+    if (directive.precision >= 0)
         format += ".*";
     format += length;
-    format += spec.conversion;
+    format += directive.conversion;
     const auto print = [&](char* buffer, std::size_t size) {
-        return spec.precision >= 0
-                   ? std::snprintf(buffer, size, format.c_str(), spec.width, spec.precision, value)
-                   : std::snprintf(buffer, size, format.c_str(), spec.width, value);
+        return directive.precision >= 0
+                   ? std::snprintf(buffer, size, format.c_str(), directive.width,
+                                   directive.precision, value)
+                   : std::snprintf(buffer, size, format.c_str(), directive.width, value);
     };
     const int length_needed = print(nullptr, 0);
     if (length_needed <= 0)
@@ -61,7 +63,7 @@ template <typename V> std::string CConvert(const Spec& spec, const char* length,
 }
 
 // Infinity and NaN as the Universal CRT spells them.
-std::string SpecialFloatText(const Spec& spec, double value) {
+std::string SpecialFloatText(const Directive& directive, double value) {
     std::string text;
     const bool negative = std::signbit(value);
     if (std::isinf(value)) {
@@ -79,18 +81,18 @@ std::string SpecialFloatText(const Spec& spec, double value) {
     }
     if (negative)
         text.insert(0, 1, '-');
-    else if (spec.plus)
+    else if (directive.plus)
         text.insert(0, 1, '+');
-    else if (spec.space)
+    else if (directive.space)
         text.insert(0, 1, ' ');
-    if (spec.conversion >= 'A' && spec.conversion <= 'Z') {
+    if (directive.conversion >= 'A' && directive.conversion <= 'Z') {
         for (char& c : text)
             if (c >= 'a' && c <= 'z')
                 c = static_cast<char>(c - 'a' + 'A');
     }
-    const auto width = static_cast<std::size_t>(spec.width);
+    const auto width = static_cast<std::size_t>(directive.width);
     if (text.size() < width)
-        text.insert(spec.left ? text.size() : 0, width - text.size(), ' ');
+        text.insert(directive.left ? text.size() : 0, width - text.size(), ' ');
     return text;
 }
 
@@ -148,8 +150,8 @@ public:
                 ++p;
                 continue;
             }
-            Spec spec;
-            if (!Parse(p, spec) || !Convert(spec)) {
+            Directive directive;
+            if (!Parse(p, directive) || !Convert(directive)) {
                 m_out.resize(start);
                 return -1;
             }
@@ -172,18 +174,18 @@ private:
         return true;
     }
 
-    bool Parse(const T*& p, Spec& spec) {
+    bool Parse(const T*& p, Directive& directive) {
         for (;; ++p) {
             if (*p == T('-'))
-                spec.left = true;
+                directive.left = true;
             else if (*p == T('+'))
-                spec.plus = true;
+                directive.plus = true;
             else if (*p == T(' '))
-                spec.space = true;
+                directive.space = true;
             else if (*p == T('#'))
-                spec.alt = true;
+                directive.alt = true;
             else if (*p == T('0'))
-                spec.zero = true;
+                directive.zero = true;
             else
                 break;
         }
@@ -191,12 +193,12 @@ private:
             ++p;
             const int width = va_arg(m_args, int);
             if (width < 0) {
-                spec.left = true;
-                spec.width = width == INT_MIN ? INT_MAX : -width;
+                directive.left = true;
+                directive.width = width == INT_MIN ? INT_MAX : -width;
             } else {
-                spec.width = width;
+                directive.width = width;
             }
-        } else if (!ReadNumber(p, spec.width)) {
+        } else if (!ReadNumber(p, directive.width)) {
             return false;
         }
         if (*p == T('.')) {
@@ -204,46 +206,46 @@ private:
             if (*p == T('*')) {
                 ++p;
                 const int precision = va_arg(m_args, int);
-                spec.precision = precision < 0 ? -1 : precision;
-            } else if (!ReadNumber(p, spec.precision)) {
+                directive.precision = precision < 0 ? -1 : precision;
+            } else if (!ReadNumber(p, directive.precision)) {
                 return false;
             }
         }
         switch (*p) {
         case T('h'):
-            spec.size = p[1] == T('h') ? Size::Char : Size::Short;
-            p += spec.size == Size::Char ? 2 : 1;
+            directive.size = p[1] == T('h') ? Size::Char : Size::Short;
+            p += directive.size == Size::Char ? 2 : 1;
             break;
         case T('l'):
-            spec.size = p[1] == T('l') ? Size::LongLong : Size::Long;
-            p += spec.size == Size::LongLong ? 2 : 1;
+            directive.size = p[1] == T('l') ? Size::LongLong : Size::Long;
+            p += directive.size == Size::LongLong ? 2 : 1;
             break;
         case T('L'):
-            spec.size = Size::LongDouble;
+            directive.size = Size::LongDouble;
             ++p;
             break;
         case T('w'):
-            spec.size = Size::Wide;
+            directive.size = Size::Wide;
             ++p;
             break;
         case T('z'):
         case T('t'):
-            spec.size = Size::Pointer;
+            directive.size = Size::Pointer;
             ++p;
             break;
         case T('j'):
-            spec.size = Size::IntMax;
+            directive.size = Size::IntMax;
             ++p;
             break;
         case T('I'):
             if (p[1] == T('6') && p[2] == T('4')) {
-                spec.size = Size::LongLong;
+                directive.size = Size::LongLong;
                 p += 3;
             } else if (p[1] == T('3') && p[2] == T('2')) {
-                spec.size = Size::Int32;
+                directive.size = Size::Int32;
                 p += 3;
             } else {
-                spec.size = Size::Pointer;
+                directive.size = Size::Pointer;
                 ++p;
             }
             break;
@@ -253,29 +255,29 @@ private:
         const T conversion = *p;
         if (conversion <= T(0) || conversion > T(0x7F))
             return false;
-        spec.conversion = static_cast<char>(conversion);
+        directive.conversion = static_cast<char>(conversion);
         ++p;
         return true;
     }
 
-    bool Convert(const Spec& spec) {
-        switch (spec.conversion) {
+    bool Convert(const Directive& directive) {
+        switch (directive.conversion) {
         case 'd':
         case 'i':
-            return Signed(spec);
+            return Signed(directive);
         case 'u':
         case 'o':
         case 'x':
         case 'X':
-            return Unsigned(spec);
+            return Unsigned(directive);
         case 'c':
         case 'C':
-            return Character(spec);
+            return Character(directive);
         case 's':
         case 'S':
-            return String(spec);
+            return String(directive);
         case 'p':
-            return Pointer(spec);
+            return Pointer(directive);
         case 'e':
         case 'E':
         case 'f':
@@ -284,15 +286,15 @@ private:
         case 'G':
         case 'a':
         case 'A':
-            return Float(spec);
+            return Float(directive);
         default:
             return false; // %n among them: writing through an argument is never allowed
         }
     }
 
-    bool Signed(const Spec& spec) {
+    bool Signed(const Directive& directive) {
         long long value = 0;
-        switch (spec.size) {
+        switch (directive.size) {
         case Size::Default:
         case Size::Int32:
             value = va_arg(m_args, int);
@@ -320,13 +322,13 @@ private:
         case Size::Wide:
             return false;
         }
-        AppendNumber(CConvert(spec, "ll", value));
+        AppendNumber(CConvert(directive, "ll", value));
         return true;
     }
 
-    bool Unsigned(const Spec& spec) {
+    bool Unsigned(const Directive& directive) {
         unsigned long long value = 0;
-        switch (spec.size) {
+        switch (directive.size) {
         case Size::Default:
         case Size::Int32:
             value = va_arg(m_args, unsigned int);
@@ -353,31 +355,31 @@ private:
         case Size::Wide:
             return false;
         }
-        AppendNumber(CConvert(spec, "ll", value));
+        AppendNumber(CConvert(directive, "ll", value));
         return true;
     }
 
-    bool Float(const Spec& spec) {
+    bool Float(const Directive& directive) {
         // The Microsoft long double is a double, so both print as one.
-        const double value = spec.size == Size::LongDouble
+        const double value = directive.size == Size::LongDouble
                                  ? static_cast<double>(va_arg(m_args, long double))
                                  : va_arg(m_args, double);
         if (!std::isfinite(value)) {
-            AppendNumber(SpecialFloatText(spec, value));
+            AppendNumber(SpecialFloatText(directive, value));
             return true;
         }
-        Spec c = spec;
+        Directive c = directive;
         if ((c.conversion == 'a' || c.conversion == 'A') && c.precision < 0)
             c.precision = 13; // all the hex digits of a double's fraction
         AppendNumber(CConvert(c, "", value));
         return true;
     }
 
-    bool Pointer(const Spec& spec) {
+    bool Pointer(const Directive& directive) {
         const auto value = reinterpret_cast<std::uintptr_t>(va_arg(m_args, void*));
         char digits[17];
         std::snprintf(digits, sizeof digits, "%016llX", static_cast<unsigned long long>(value));
-        Spec padding = spec;
+        Directive padding = directive;
         padding.zero = false;
         AppendPadded(padding, FromNarrow<T>(digits));
         return true;
@@ -385,41 +387,42 @@ private:
 
     // Whether a %s or %c argument is wide: h narrows, l and w widen, otherwise the lower-case
     // letter takes the format's own width and the upper-case letter the other one.
-    bool WideArgument(const Spec& spec) const {
-        if (spec.size == Size::Short)
+    bool WideArgument(const Directive& directive) const {
+        if (directive.size == Size::Short)
             return false;
-        if (spec.size == Size::Long || spec.size == Size::Wide)
+        if (directive.size == Size::Long || directive.size == Size::Wide)
             return true;
-        const bool own = spec.conversion == 'c' || spec.conversion == 's';
+        const bool own = directive.conversion == 'c' || directive.conversion == 's';
         return own == std::is_same_v<T, wchar_t>;
     }
 
-    bool Character(const Spec& spec) {
-        if (spec.size != Size::Default && spec.size != Size::Short && spec.size != Size::Long &&
-            spec.size != Size::Wide)
+    bool Character(const Directive& directive) {
+        if (directive.size != Size::Default && directive.size != Size::Short &&
+            directive.size != Size::Long && directive.size != Size::Wide)
             return false;
         const int value = va_arg(m_args, int);
         std::basic_string<T> text;
-        if (WideArgument(spec)) {
+        if (WideArgument(directive)) {
             const auto ch = static_cast<wchar_t>(value);
             text = FromWide<T>(std::wstring_view(&ch, 1));
         } else {
             const auto ch = static_cast<char>(value);
             text = FromNarrow<T>(std::string(1, ch));
         }
-        AppendPadded(spec, text);
+        AppendPadded(directive, text);
         return true;
     }
 
-    bool String(const Spec& spec) {
-        if (spec.size != Size::Default && spec.size != Size::Short && spec.size != Size::Long &&
-            spec.size != Size::Wide)
+    bool String(const Directive& directive) {
+        if (directive.size != Size::Default && directive.size != Size::Short &&
+            directive.size != Size::Long && directive.size != Size::Wide)
             return false;
         std::basic_string<T> text;
-        const std::size_t limit = spec.precision < 0 ? SIZE_MAX : std::size_t(spec.precision);
+        const std::size_t limit =
+            directive.precision < 0 ? SIZE_MAX : std::size_t(directive.precision);
         // A bounded read: with a precision the argument need not be terminated.
         const std::size_t read_limit = limit > SIZE_MAX / 4 ? SIZE_MAX : limit * 4;
-        if (WideArgument(spec)) {
+        if (WideArgument(directive)) {
             const wchar_t* s = va_arg(m_args, const wchar_t*);
             if (!s)
                 s = L"(null)";
@@ -436,7 +439,7 @@ private:
             if constexpr (std::is_same_v<T, char>)
                 DropPartialCharacter(text);
         }
-        AppendPadded(spec, text);
+        AppendPadded(directive, text);
         return true;
     }
 
@@ -444,14 +447,14 @@ private:
 
     // Pads to the field width: blanks, or zeros with the 0 flag as the Microsoft runtime does
     // for text too; the - flag pads on the right.
-    void AppendPadded(const Spec& spec, const std::basic_string<T>& text) {
-        const auto width = static_cast<std::size_t>(spec.width);
+    void AppendPadded(const Directive& directive, const std::basic_string<T>& text) {
+        const auto width = static_cast<std::size_t>(directive.width);
         const std::size_t fill = text.size() < width ? width - text.size() : 0;
-        if (spec.left) {
+        if (directive.left) {
             m_out += text;
             m_out.append(fill, T(' '));
         } else {
-            m_out.append(fill, spec.zero ? T('0') : T(' '));
+            m_out.append(fill, directive.zero ? T('0') : T(' '));
             m_out += text;
         }
     }
