@@ -9,10 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "ArchiveBenchSupport.h"
 #include <afx.h>
 #include <benchmark/benchmark.h>
-#include <boost/archive/binary_iarchive.hpp>
-#include <boost/archive/binary_oarchive.hpp>
 #include <boost/serialization/string.hpp>
 #include <boost/serialization/vector.hpp>
 
@@ -137,33 +136,6 @@ std::unique_ptr<MfcDocument> LoadMfc(std::vector<BYTE>& bytes) {
     return doc;
 }
 
-std::string StoreBoost(const BoostDocument& doc) {
-    std::ostringstream out;
-    {
-        boost::archive::binary_oarchive ar(out);
-        ar << doc.items;
-    }
-    return std::move(out).str();
-}
-
-std::unique_ptr<BoostDocument> LoadBoost(const std::string& bytes) {
-    auto doc = std::make_unique<BoostDocument>();
-    std::istringstream in(bytes);
-    boost::archive::binary_iarchive ar(in);
-    ar >> doc->items;
-    return doc;
-}
-
-void Report(benchmark::State& state, std::size_t bytes) {
-    const auto count = static_cast<double>(state.range(0));
-    state.counters["objects/s"] =
-        benchmark::Counter(count, benchmark::Counter::kIsIterationInvariantRate);
-    state.counters["MB/s"] = benchmark::Counter(static_cast<double>(bytes) / 1e6,
-                                                benchmark::Counter::kIsIterationInvariantRate);
-    state.counters["bytes"] = static_cast<double>(bytes);
-    state.SetComplexityN(state.range(0));
-}
-
 MfcDocument& CachedMfc(std::size_t count) {
     static std::map<std::size_t, std::unique_ptr<MfcDocument>> cache;
     auto& doc = cache[count];
@@ -185,7 +157,7 @@ void BM_MfcStore(benchmark::State& state) {
     std::size_t bytes = 0;
     for (auto _ : state)
         bytes = StoreMfc(doc).size();
-    Report(state, bytes);
+    ReportRates(state, bytes);
 }
 
 void BM_MfcLoad(benchmark::State& state) {
@@ -199,29 +171,29 @@ void BM_MfcLoad(benchmark::State& state) {
         loaded.reset();
         state.ResumeTiming();
     }
-    Report(state, stored.size());
+    ReportRates(state, stored.size());
 }
 
 void BM_BoostStore(benchmark::State& state) {
     BoostDocument& doc = CachedBoost(static_cast<std::size_t>(state.range(0)));
     std::size_t bytes = 0;
     for (auto _ : state)
-        bytes = StoreBoost(doc).size();
-    Report(state, bytes);
+        bytes = StoreBoost(doc.items).size();
+    ReportRates(state, bytes);
 }
 
 void BM_BoostLoad(benchmark::State& state) {
     const auto count = static_cast<std::size_t>(state.range(0));
-    const std::string stored = StoreBoost(CachedBoost(count));
+    const std::string stored = StoreBoost(CachedBoost(count).items);
     for (auto _ : state) {
-        std::unique_ptr<BoostDocument> loaded = LoadBoost(stored);
+        std::unique_ptr<BoostDocument> loaded = LoadBoost(stored, &BoostDocument::items);
         state.PauseTiming();
         if (loaded->items.size() != count)
             state.SkipWithError("wrong count");
         loaded.reset();
         state.ResumeTiming();
     }
-    Report(state, stored.size());
+    ReportRates(state, stored.size());
 }
 
 void Sizes(benchmark::internal::Benchmark* b) {

@@ -3,8 +3,7 @@
 // Boost.Serialization's binary archive. Objects per second and MB/s for each.
 #include <benchmark/benchmark.h>
 
-#include <boost/archive/binary_iarchive.hpp>
-#include <boost/archive/binary_oarchive.hpp>
+#include "ArchiveBenchSupport.h"
 #include <boost/serialization/string.hpp>
 #include <boost/serialization/vector.hpp>
 
@@ -95,32 +94,6 @@ std::unique_ptr<NodeDocument> Load(std::vector<BYTE>& bytes) {
     return std::unique_ptr<NodeDocument>(doc);
 }
 
-std::string StoreBoost(const BoostDocument& doc) {
-    std::ostringstream out;
-    {
-        boost::archive::binary_oarchive ar(out);
-        ar << doc.nodes;
-    }
-    return std::move(out).str();
-}
-
-std::unique_ptr<BoostDocument> LoadBoost(const std::string& bytes) {
-    auto doc = std::make_unique<BoostDocument>();
-    std::istringstream in(bytes);
-    boost::archive::binary_iarchive ar(in);
-    ar >> doc->nodes;
-    return doc;
-}
-
-void Report(benchmark::State& state, std::size_t bytes) {
-    const auto count = static_cast<double>(state.range(0));
-    state.counters["objects/s"] =
-        benchmark::Counter(count, benchmark::Counter::kIsIterationInvariantRate);
-    state.counters["MB/s"] = benchmark::Counter(static_cast<double>(bytes) / 1e6,
-                                                benchmark::Counter::kIsIterationInvariantRate);
-    state.counters["MB"] = static_cast<double>(bytes) / 1e6;
-}
-
 // The loads ask the active document for its storage version.
 NodeDocument& Host() {
     static NodeDocument host;
@@ -135,7 +108,7 @@ void BM_DocumentStore(benchmark::State& state) {
     std::size_t bytes = 0;
     for (auto _ : state)
         bytes = Store(*doc).size();
-    Report(state, bytes);
+    ReportRates(state, bytes);
 }
 
 void BM_DocumentLoad(benchmark::State& state) {
@@ -148,28 +121,28 @@ void BM_DocumentLoad(benchmark::State& state) {
         doc.reset();
         state.ResumeTiming();
     }
-    Report(state, bytes.size());
+    ReportRates(state, bytes.size());
 }
 
 void BM_BoostStore(benchmark::State& state) {
     auto doc = MakeBoostDocument(static_cast<std::size_t>(state.range(0)));
     std::size_t bytes = 0;
     for (auto _ : state)
-        bytes = StoreBoost(*doc).size();
-    Report(state, bytes);
+        bytes = StoreBoost(doc->nodes).size();
+    ReportRates(state, bytes);
 }
 
 void BM_BoostLoad(benchmark::State& state) {
     const std::string bytes =
-        StoreBoost(*MakeBoostDocument(static_cast<std::size_t>(state.range(0))));
+        StoreBoost(MakeBoostDocument(static_cast<std::size_t>(state.range(0)))->nodes);
     for (auto _ : state) {
-        auto doc = LoadBoost(bytes);
+        auto doc = LoadBoost(bytes, &BoostDocument::nodes);
         benchmark::DoNotOptimize(doc.get());
         state.PauseTiming();
         doc.reset();
         state.ResumeTiming();
     }
-    Report(state, bytes.size());
+    ReportRates(state, bytes.size());
 }
 
 } // namespace
