@@ -28,7 +28,9 @@ public:
     ~CFuzzNode() override { Live().erase(this); }
 
     void Serialize(CArchive& ar) override {
-        ar >> m_n >> m_text >> m_pNext;
+        // References ask for the family, so the stream can't make objects the harness doesn't own.
+        ar >> m_n >> m_text;
+        m_pNext = ar.ReadObject(RUNTIME_CLASS(CFuzzNode));
         WORD nItems = 0;
         ar >> nItems;
         if (nItems > kMaxItems)
@@ -72,9 +74,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     file.SeekToBegin();
     try {
         CArchive ar(&file, CArchive::load);
-        // Alternate between any class and a requested one, to reach the kind checks.
+        // Alternate between the base and the derived class, to reach the kind checks.
         for (int i = 0; i < kMaxObjects; ++i)
-            ar.ReadObject(i % 2 == 0 ? nullptr : RUNTIME_CLASS(CFuzzNode));
+            ar.ReadObject(i % 2 == 0 ? RUNTIME_CLASS(CFuzzNode) : RUNTIME_CLASS(CFuzzLeaf));
     } catch (CException* e) {
         e->Delete();
     }
