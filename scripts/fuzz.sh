@@ -15,7 +15,8 @@ for source in fuzz/*.cpp; do
     corpus=$(mktemp -d)
     cp -r "fuzz/corpus/$name/." "$corpus/" 2>/dev/null || true
     echo "fuzzing $name for ${seconds}s"
-    if ! "$build/$name" -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$build/$name-" \
+    # A fixed seed makes a run repeatable: a failure seen in CI shows again here.
+    if ! "$build/$name" -seed=1 -max_total_time="$seconds" -print_final_stats=1 -artifact_prefix="$build/$name-" \
         "$corpus" 2>"$build/$name.log"; then
         tail -n 40 "$build/$name.log"
         status=1

@@ -3,6 +3,10 @@
 // with flipped bits, which must end in an archive exception without a crash or a leak.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
 #include <map>
 #include <memory>
 #include <set>
@@ -367,6 +371,26 @@ TEST_F(DocumentTest, DamagedFolderDocumentsFailCleanly) {
         }
     EXPECT_GT(failures, 0);
     EXPECT_GT(loads, 0);
+}
+
+// A damaged document, found by fuzzing, whose folder list enters itself in a node's user list: the
+// list object the load made is gone afterwards, and no node may still point at it.
+TEST_F(DocumentTest, NoNodeKeepsTheLoadedFolderListObject) {
+    std::ifstream in(ORV_SOURCE_DIR "/tests/objects/nodes/data/folder-list-in-a-user-list.doc",
+                     std::ios::binary);
+    const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(in),
+                                          std::istreambuf_iterator<char>()};
+    ASSERT_FALSE(bytes.empty());
+    auto loaded = Load(bytes);
+    FILE* sink = std::fopen("/dev/null", "w");
+    loaded->DumpData(sink); // walks every user list
+    std::fclose(sink);
+    for (OrvObject* node : Nodes(*loaded)) {
+        CObList users;
+        node->GetAllUserObjects(&users);
+        for (POSITION pos = users.GetHeadPosition(); pos;)
+            EXPECT_EQ(dynamic_cast<OrvFolderObList*>(users.GetNext(pos)), nullptr);
+    }
 }
 
 } // namespace

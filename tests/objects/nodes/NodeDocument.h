@@ -239,6 +239,14 @@ void NodeDocument::Serialize(CArchive& ar) {
     std::unique_ptr<OrvFolderObList> old(list);
     m_FolderList.Swap(*old);
     FreeNodes(m_Nodes, *old);
+    // The loaded list object goes; a damaged file may have entered it in user lists of the nodes
+    // that stay (its destructor, run while the load's scope is open, only drops its own links).
+    std::vector<OrvObject*> staying{this};
+    for (POSITION pos = nodes.GetHeadPosition(); pos;)
+        staying.push_back(static_cast<OrvObject*>(nodes.GetNext(pos)));
+    AppendTreeNodes(m_FolderList, staying);
+    for (OrvObject* node : staying)
+        node->RemoveFromUserObjectsList(old.get());
     // Folder ids are not archived: the tree is numbered again, as when it was built.
     m_FolderList.GenerateFolderIds();
     m_Nodes.AddTail(&nodes);
