@@ -11,6 +11,7 @@
 #include "objects/OrvSerializeStatus.h"
 #include "objects/ui_OrvObject.h"
 #include "settings/OrvSettingsDump.h"
+#include "threads/OrvThreadBaseMgr.h"
 
 IMPLEMENT_SERIAL(OrvObject, OrvBaseObject, VERSIONABLE_SCHEMA | 8)
 
@@ -452,6 +453,15 @@ int OrvObject::CopyParameters(OrvObject* source) {
 
 OrvObject* OrvObject::Clone() {
     return nullptr;
+}
+
+int OrvObject::RunCommand(unsigned int id, void* parameter, OrveThreadType type,
+                          OrveThreadEndType endType) {
+    return OrvThreadBaseMgr::RunCommand(this, id, parameter, type, endType);
+}
+
+OrveThreadStatus OrvObject::HandleCommand(OrveCommandType, unsigned int, void*&) {
+    return ThreadFailed;
 }
 
 int OrvObject::IsLockedCheckOnly() {

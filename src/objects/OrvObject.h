@@ -13,6 +13,7 @@
 #include "mfc/CObList.h"
 #include "objects/OrvBaseObject.h"
 #include "objects/OrvCallbackHelper.h"
+#include "threads/OrvThreadEnums.h"
 #include "win/types.h"
 
 class CFlaggedError;
@@ -109,6 +110,9 @@ public:
     virtual OrvDirectionRestriction* GetLinearPatternDirectionRestriction();
     virtual int CopyParameters(OrvObject* source);
     virtual OrvObject* Clone();
+    // A long command's work, run by its record on a worker or the calling thread.
+    virtual OrveThreadStatus HandleCommand(OrveCommandType type, unsigned int contextId,
+                                           void*& parameter);
     virtual int IsLockedCheckOnly();
     virtual int Invalidate();
     virtual int Merge(OrvObject* other);
@@ -149,6 +153,9 @@ public:
     INT_PTR GetCountOfUserObjects() const { return m_UserObjects.GetCount(); }
     void DetachFromAllUserObjects();
     void GetAllUserObjects(CObList* list);
+    // Runs a long command of this node through the command manager.
+    int RunCommand(unsigned int id, void* parameter, OrveThreadType type,
+                   OrveThreadEndType endType);
     void RemoveDuplicatesFromUserObjects();
     // The pattern manager, a node that this object owns; null when it is not patterned.
     OrvObject* GetPatternMgr() const { return m_pPatternMngr; }
