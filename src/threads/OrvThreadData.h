@@ -42,8 +42,9 @@ public:
     // The child of this parent record has ended with that status, which becomes this one's.
     void HandleChildDone(OrveThreadStatus childStatus);
     // Runs the node's work and retires the record; it may be gone when this returns. 0 without a
-    // calling object, else 1.
+    // calling object, else 1. The node's own command handler stays reachable beside it.
     int HandleCommand(int onWorkerThread);
+    using OrvObject::HandleCommand;
 
     // Same target (identifiers A and B of both links) and not members of one group.
     int GetIsSimiliarDuplicate(OrvObject* object, DWORD contextId, void* parameter);
