@@ -94,6 +94,19 @@ template <typename T> void SetIf(T* out, T value) {
         *out = value;
 }
 
+// Runs a call on the open key behind a handle that grants `rights` and, for a write, whose store
+// can be written; a bad handle or a missing right answers its status without running the call.
+template <typename Call> LSTATUS GuardedOnKey(HKEY hKey, REGSAM rights, bool writes, Call&& call) {
+    return Guarded([&]() -> LSTATUS {
+        const auto key = ResolveHandle(hKey);
+        if (!key)
+            return ERROR_INVALID_HANDLE;
+        if (!(key->access & rights) || (writes && !key->store->Writable()))
+            return ERROR_ACCESS_DENIED;
+        return call(*key);
+    });
+}
+
 } // namespace
 } // namespace port::registry
 
@@ -170,16 +183,11 @@ LSTATUS RegQueryValueExW(HKEY hKey, LPCWSTR lpValueName, LPDWORD, LPDWORD lpType
                          LPDWORD lpcbData) {
     if (lpData && !lpcbData)
         return ERROR_INVALID_PARAMETER;
-    return Guarded([&]() -> LSTATUS {
-        const auto key = ResolveHandle(hKey);
-        if (!key)
-            return ERROR_INVALID_HANDLE;
-        if (!(key->access & KEY_QUERY_VALUE))
-            return ERROR_ACCESS_DENIED;
+    return GuardedOnKey(hKey, KEY_QUERY_VALUE, false, [&](const OpenKey& key) -> LSTATUS {
         std::optional<ValueRecord> value;
         {
-            auto lock = key->store->Lock();
-            value = key->store->FindValue(key->id, NameOf(lpValueName));
+            auto lock = key.store->Lock();
+            value = key.store->FindValue(key.id, NameOf(lpValueName));
         }
         if (!value)
             return ERROR_FILE_NOT_FOUND;
@@ -192,37 +200,27 @@ LSTATUS RegSetValueExW(HKEY hKey, LPCWSTR lpValueName, DWORD, DWORD dwType, cons
                        DWORD cbData) {
     if (!lpData && cbData > 0)
         return ERROR_INVALID_PARAMETER;
-    return Guarded([&]() -> LSTATUS {
-        const auto key = ResolveHandle(hKey);
-        if (!key)
-            return ERROR_INVALID_HANDLE;
-        RegistryStore& store = *key->store;
-        if (!(key->access & KEY_SET_VALUE) || !store.Writable())
-            return ERROR_ACCESS_DENIED;
+    return GuardedOnKey(hKey, KEY_SET_VALUE, true, [&](const OpenKey& key) -> LSTATUS {
+        RegistryStore& store = *key.store;
         const Bytes data = StoredFromApi(dwType, lpData, cbData);
         auto lock = store.Lock();
         RegistryStore::Transaction transaction(store);
-        if (!store.KeyExists(key->id))
+        if (!store.KeyExists(key.id))
             return ERROR_KEY_DELETED;
-        store.SetValue(key->id, NameOf(lpValueName), dwType, data);
+        store.SetValue(key.id, NameOf(lpValueName), dwType, data);
         transaction.Commit();
         return ERROR_SUCCESS;
     });
 }
 
 LSTATUS RegDeleteValueW(HKEY hKey, LPCWSTR lpValueName) {
-    return Guarded([&]() -> LSTATUS {
-        const auto key = ResolveHandle(hKey);
-        if (!key)
-            return ERROR_INVALID_HANDLE;
-        RegistryStore& store = *key->store;
-        if (!(key->access & KEY_SET_VALUE) || !store.Writable())
-            return ERROR_ACCESS_DENIED;
+    return GuardedOnKey(hKey, KEY_SET_VALUE, true, [&](const OpenKey& key) -> LSTATUS {
+        RegistryStore& store = *key.store;
         auto lock = store.Lock();
         RegistryStore::Transaction transaction(store);
-        if (!store.KeyExists(key->id))
+        if (!store.KeyExists(key.id))
             return ERROR_KEY_DELETED;
-        if (!store.DeleteValue(key->id, NameOf(lpValueName)))
+        if (!store.DeleteValue(key.id, NameOf(lpValueName)))
             return ERROR_FILE_NOT_FOUND;
         transaction.Commit();
         return ERROR_SUCCESS;
@@ -233,16 +231,11 @@ LSTATUS RegEnumValueW(HKEY hKey, DWORD dwIndex, LPWSTR lpValueName, LPDWORD lpcc
                       LPDWORD lpType, LPBYTE lpData, LPDWORD lpcbData) {
     if (!lpValueName || !lpcchValueName || (lpData && !lpcbData))
         return ERROR_INVALID_PARAMETER;
-    return Guarded([&]() -> LSTATUS {
-        const auto key = ResolveHandle(hKey);
-        if (!key)
-            return ERROR_INVALID_HANDLE;
-        if (!(key->access & KEY_QUERY_VALUE))
-            return ERROR_ACCESS_DENIED;
+    return GuardedOnKey(hKey, KEY_QUERY_VALUE, false, [&](const OpenKey& key) -> LSTATUS {
         std::optional<ValueRecord> value;
         {
-            auto lock = key->store->Lock();
-            value = key->store->ValueAt(key->id, dwIndex);
+            auto lock = key.store->Lock();
+            value = key.store->ValueAt(key.id, dwIndex);
         }
         if (!value)
             return ERROR_NO_MORE_ITEMS;
@@ -257,16 +250,11 @@ LSTATUS RegEnumKeyExW(HKEY hKey, DWORD dwIndex, LPWSTR lpName, LPDWORD lpcchName
                       LPWSTR lpClass, LPDWORD lpcchClass, PFILETIME lpftLastWriteTime) {
     if (!lpName || !lpcchName)
         return ERROR_INVALID_PARAMETER;
-    return Guarded([&]() -> LSTATUS {
-        const auto key = ResolveHandle(hKey);
-        if (!key)
-            return ERROR_INVALID_HANDLE;
-        if (!(key->access & KEY_ENUMERATE_SUB_KEYS))
-            return ERROR_ACCESS_DENIED;
+    return GuardedOnKey(hKey, KEY_ENUMERATE_SUB_KEYS, false, [&](const OpenKey& key) -> LSTATUS {
         std::optional<SubkeyRecord> subkey;
         {
-            auto lock = key->store->Lock();
-            subkey = key->store->SubkeyAt(key->id, dwIndex);
+            auto lock = key.store->Lock();
+            subkey = key.store->SubkeyAt(key.id, dwIndex);
         }
         if (!subkey)
             return ERROR_NO_MORE_ITEMS;
@@ -306,16 +294,11 @@ LSTATUS RegQueryInfoKeyW(HKEY hKey, LPWSTR lpClass, LPDWORD lpcchClass, LPDWORD,
                          LPDWORD lpcbMaxSubKeyLen, LPDWORD lpcbMaxClassLen, LPDWORD lpcValues,
                          LPDWORD lpcbMaxValueNameLen, LPDWORD lpcbMaxValueLen,
                          LPDWORD lpcbSecurityDescriptor, PFILETIME lpftLastWriteTime) {
-    return Guarded([&]() -> LSTATUS {
-        const auto key = ResolveHandle(hKey);
-        if (!key)
-            return ERROR_INVALID_HANDLE;
-        if (!(key->access & KEY_QUERY_VALUE))
-            return ERROR_ACCESS_DENIED;
+    return GuardedOnKey(hKey, KEY_QUERY_VALUE, false, [&](const OpenKey& key) -> LSTATUS {
         KeyInfo info;
         {
-            auto lock = key->store->Lock();
-            info = key->store->Info(key->id);
+            auto lock = key.store->Lock();
+            info = key.store->Info(key.id);
         }
         if (lpClass && lpcchClass && *lpcchClass > 0)
             lpClass[0] = L'\0';
