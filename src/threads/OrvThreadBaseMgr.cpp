@@ -137,6 +137,7 @@ int OrvThreadBaseMgr::RunCommand_i(OrvObject* caller, DWORD contextId, void* par
     ReadAppSetting(L"ThreadNum", threadNum);
 
     auto* data = new OrvThreadData(caller, contextId, parameter, type, endType);
+    data->m_bClaimed.store(true); // this thread uses it until RunCommand hands it on
     SetLastIdentifiers(contextId, parameter);
     TerminateSimiliarDuplicateThreads(caller, contextId, parameter);
     {
@@ -180,7 +181,7 @@ int OrvThreadBaseMgr::DestroyThreadData(OrvThreadData* data) {
         }
     }
     OnDestroyThreadData(data);
-    delete data;
+    OrvThreadData::DeleteOrOrphan(data);
     return 0;
 }
 
@@ -240,7 +241,7 @@ int OrvThreadBaseMgr::DeleteAllDoneThreads() {
         }
     }
     for (OrvThreadData* data : done)
-        delete data;
+        OrvThreadData::DeleteOrOrphan(data);
     return static_cast<int>(done.size());
 }
 

@@ -1,5 +1,6 @@
 #include "threads/OrvThreadData.h"
 
+#include <condition_variable>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -41,6 +42,18 @@ ULONGLONG FileTimeTicks(const SYSTEMTIME& time) {
     return (static_cast<ULONGLONG>(file.dwHighDateTime) << 32) | file.dwLowDateTime;
 }
 
+// Where a worker waits for the thread that started it to clear the creating flag. It lives
+// outside the records so that the creator's wake-up call touches no record.
+struct CreationGate {
+    std::mutex mutex;
+    std::condition_variable cleared;
+};
+
+CreationGate& Gate() {
+    static CreationGate gate;
+    return gate;
+}
+
 bool IsTestEnvironment() {
     const char* value = std::getenv("KEL_TEST_ENV");
     return value && std::strcmp(value, "YES") == 0;
@@ -68,7 +81,7 @@ OrvThreadData::OrvThreadData(OrvObject* caller, DWORD contextId, void* parameter
 }
 
 OrvThreadData::~OrvThreadData() {
-    if (m_pCallingObject) {
+    if (m_pCallingObject && !m_bCallerGone.load()) {
         if (OrvThreadBaseMgr* manager = OrvThreadBaseMgr::Instance()) {
             OrvCriticalSectionLoader guard(manager->m_Lock, 1);
             m_pCallingObject->RemoveFromUserObjectsList(this);
@@ -83,21 +96,29 @@ OrvThreadData::~OrvThreadData() {
 int OrvThreadData::RemoveFromUserObjectsList(OrvObject* user) {
     if (user != m_pCallingObject)
         return 0;
-    if (OrvThreadBaseMgr* manager = OrvThreadBaseMgr::Instance())
+    if (OrvThreadBaseMgr* manager = OrvThreadBaseMgr::Instance()) {
+        OrvCriticalSectionLoader lock(manager->m_Lock, 1);
+        m_bCallerGone.store(true); // the node is going: a later free must not reach it
         manager->DestroyThreadData(this);
-    else
+    } else {
         delete this;
+    }
     return 1;
 }
 
 int OrvThreadData::RunCommand(int threadMode) {
-    if (!m_pCallingObject)
-        return static_cast<int>(m_ThreadID.load());
+    if (!m_pCallingObject) {
+        const int threadId = static_cast<int>(m_ThreadID.load());
+        EndUnexecutedClaim(this);
+        return threadId;
+    }
     if (threadMode == 0) {
+        m_bClaimed.store(true);
         HandleCommand(0);
         return 1;
     }
     if (static_cast<int>(m_ThreadID.load()) <= 0 && m_ThreadStatus.load() != ThreadTerminated) {
+        m_bClaimed.store(true); // handed to the worker, which ends it
         {
             const std::lock_guard guard(m_FieldGuard);
             GetSystemTime(&m_StartSystemTime);
@@ -113,10 +134,46 @@ int OrvThreadData::RunCommand(int threadMode) {
         m_hOwnThread.store(thread);
         m_hThread.store(thread);
         m_ThreadID.store(threadId);
-        m_bCreatingThread.store(FALSE);
+        if (!thread) {
+            m_bCreatingThread.store(FALSE);
+            EndUnexecutedClaim(this); // no worker will end it
+            return 0;
+        }
+        // The last touch of the record: once the flag is clear, the worker may free it.
+        {
+            const std::lock_guard gate(Gate().mutex);
+            m_bCreatingThread.store(FALSE);
+        }
+        Gate().cleared.notify_all();
         return static_cast<int>(threadId);
     }
     return static_cast<int>(m_ThreadID.load());
+}
+
+void OrvThreadData::WaitForCreator() const {
+    std::unique_lock gate(Gate().mutex);
+    Gate().cleared.wait(gate, [this] { return !m_bCreatingThread.load(); });
+}
+
+bool OrvThreadData::EndClaim() {
+    m_bClaimed.store(false);
+    return m_bOrphaned.load();
+}
+
+void OrvThreadData::EndUnexecutedClaim(OrvThreadData* record) {
+    OrvThreadBaseMgr* manager = OrvThreadBaseMgr::Instance();
+    std::optional<OrvCriticalSectionLoader> lock;
+    if (manager)
+        lock.emplace(manager->m_Lock, 1);
+    if (record->EndClaim())
+        delete record;
+}
+
+void OrvThreadData::DeleteOrOrphan(OrvThreadData* record) {
+    if (record->m_bClaimed.load())
+        record->m_bOrphaned.store(true);
+    else
+        delete record;
 }
 
 DWORD WINAPI OrvThreadData::ThreadProcedure(LPVOID record) {
@@ -154,8 +211,10 @@ int OrvThreadData::HandleCommand(int onWorkerThread) {
     if (onWorkerThread && manager)
         manager->OnBeginThread(this);
 
-    if (onWorkerThread && !m_hThread.load()) {
-        m_ThreadStatus.store(ThreadTerminated); // terminated before it began
+    // Terminated before it began. The status counts too: a termination between the worker's
+    // stand-in handle and the creator's store of the real one leaves a handle behind.
+    if (onWorkerThread && (!m_hThread.load() || m_ThreadStatus.load() == ThreadTerminated)) {
+        m_ThreadStatus.store(ThreadTerminated);
     } else {
         {
             const std::lock_guard guard(m_FieldGuard);
@@ -184,11 +243,15 @@ int OrvThreadData::HandleCommand(int onWorkerThread) {
             }
         }
     }
+    // The creator may still be storing the handle and id: its writes come before the end.
+    if (onWorkerThread)
+        WaitForCreator();
     // Steps from here run under the manager's lock: a parent found is kept alive to its
     // retirement, and whoever deletes this record later is ordered after this worker's last use.
     std::optional<OrvCriticalSectionLoader> lock;
     if (manager)
         lock.emplace(manager->m_Lock, 1);
+    const bool orphaned = EndClaim();
     TakeEndTime();
 
     if (manager && m_ThreadType == ThreadTypeChild) {
@@ -210,16 +273,19 @@ int OrvThreadData::HandleCommand(int onWorkerThread) {
     }
 
     const OrveThreadStatus status = m_ThreadStatus.load();
-    if (IsDoneStatus(status) && IsTestEnvironment())
+    if (IsDoneStatus(status) && IsTestEnvironment() && !m_bCallerGone.load())
         m_pCallingObject->SetTimeTakenForGTP(GetTimeTaken());
 
     if (!(m_ThreadEndType == ThreadEndWaitForChild && status == ThreadWaitingForChild)) {
         m_pCommandParameter.store(nullptr);
         m_ThreadID.store(0);
         m_hThread.store(nullptr);
+        // An orphan is unlisted already, so this frees only a listed record.
         if (manager)
-            RetireListed(*manager, this, onWorkerThread); // `this` may be gone after this
+            RetireListed(*manager, this, onWorkerThread);
     }
+    if (orphaned)
+        delete this; // a deletion came while the command ran; it was left to this thread
     return 1;
 }
 

@@ -7,6 +7,19 @@
 // and by the thread that terminates or suspends the command, without the manager's lock; they are
 // atomic so that each read sees a whole value. The action text and the times have a small guard
 // of their own for the same reason.
+//
+// Lifetime: a record is never freed while a thread that will still use it is on its way.
+// - The thread that starts the worker writes the handle and id after CreateThread returns and
+//   then clears the creating flag, reading nothing from the record afterwards. The worker waits
+//   for that flag before it ends the command, so its retirement (which may free the record)
+//   always comes after the creator's last write.
+// - From RunCommand_i listing it until its executor (the calling thread, or the worker) takes the
+//   manager's lock at the end of the work, the record is claimed. A deletion through the manager
+//   meanwhile (DestroyThreadData, DeleteAllDoneThreads, the calling node going away) unlists it
+//   at once and answers as always, but leaves the freeing to the executor, which does it under
+//   the manager's lock when it is done with the record.
+// What stays the caller's duty: a node must not be deleted while its command still runs inside
+// the node's own HandleCommand, which no record can make safe.
 #pragma once
 
 #include <atomic>
@@ -111,7 +124,20 @@ private:
     // Destroys the record when it still stands in the manager's list: on a worker through the
     // manager's end-of-run notice, on the calling thread at once. The caller holds the lock.
     static void RetireListed(OrvThreadBaseMgr& manager, OrvThreadData* record, int onWorkerThread);
+    // Blocks until the thread that started this record's worker has cleared the creating flag.
+    void WaitForCreator() const;
+    // Ends the claim of the executor; the manager's lock is held when there is a manager. Answers
+    // whether a deletion came meanwhile, which leaves the freeing to the caller.
+    bool EndClaim();
+    // Ends a claim that no executor will end (no calling object, no thread), freeing an orphan.
+    static void EndUnexecutedClaim(OrvThreadData* record);
+    // Frees the record now, or marks it for its executor to free; the manager's lock is held.
+    static void DeleteOrOrphan(OrvThreadData* record);
+    friend class OrvThreadBaseMgr;
 
     std::atomic<HANDLE> m_hOwnThread{nullptr}; // what CreateThread gave; closed with the record
+    std::atomic<bool> m_bClaimed{false};       // an executor will still use the record
+    std::atomic<bool> m_bOrphaned{false};      // unlisted and deleted while claimed
+    std::atomic<bool> m_bCallerGone{false};    // the calling node is being destroyed
     mutable std::mutex m_FieldGuard;           // the times and the action text
 };
