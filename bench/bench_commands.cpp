@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "objects/OrvObject.h"
 #include "settings/OrvSettingsKey.h"
 #include "threads/OrvThreadBaseMgr.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "mfc/CMemFile.h"
 #include "objects/OrvBaseFolder.h"
 #include "objects/OrvFolderObList.h"

@@ -8,7 +8,7 @@
 
 #include "HostCallbacks.h"
 #include "HostCommand.h"
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "threads/OrvThreadBaseMgr.h"
 #include "threads/OrvThreadData.h"
 #include "threads/OrvThreadDataLink.h"

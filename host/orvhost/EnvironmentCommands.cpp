@@ -9,10 +9,10 @@
 #include "HostCallbacks.h"
 #include "HostCommand.h"
 #include "diagnostics/Outcome.h"
-#include "frame/CKelEnvApp.h"
-#include "frame/OrvAppEnv.h"
+#include "environment/CKelEnvApp.h"
+#include "environment/OrvAppEnv.h"
 #include "mfc/StringFormat.h"
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "frame/OrvAppEnv.h"
+#include "core/OrvHostCallbacks.h"
+#include "core/ProductInfo.h"
+#include "environment/OrvAppEnv.h"
 #include "frame/OrvHaldenVersion.h"
-#include "frame/OrvHostCallbacks.h"
 #include "frame/OrvShareDll.h"
-#include "frame/ProductInfo.h"
 
 namespace orvhost {
 

@@ -3,7 +3,7 @@
 #include "port/src/registry/RegFile.h"
 #include "port/src/registry/RegTransfer.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include <windows.h>
 
 #include <cerrno>

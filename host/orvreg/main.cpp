@@ -10,7 +10,7 @@
 // standard error and exit status 1; the registry is then unchanged.
 #include "RegistryCommands.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 
 #include <cstdio>
 #include <exception>

@@ -7,27 +7,10 @@
 #include <optional>
 
 #include "mfc/CString.h"
+#include "win/msgbox.h"
 #include "win/types.h"
 
 class CWnd;
-
-// Windows button codes a box answers, and the message box style bits, as windows.h spells them.
-#ifndef IDOK
-#define IDOK 1
-#define IDCANCEL 2
-#define IDYES 6
-#define IDNO 7
-#endif
-#ifndef MB_OK
-#define MB_OK 0x0u
-#define MB_YESNOCANCEL 0x3u
-#define MB_YESNO 0x4u
-#define MB_ICONSTOP 0x10u
-#define MB_ICONEXCLAMATION 0x30u
-#define MB_ICONINFORMATION 0x40u
-#define MB_HELP 0x4000u
-#define MB_SETFOREGROUND 0x10000u
-#endif
 
 // How the buttons move when long labels need room: pixels, in the box's client co-ordinates.
 struct OrvButtonLayoutChange {

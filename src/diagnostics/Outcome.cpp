@@ -2,10 +2,10 @@
 
 #include <cstdarg>
 
+#include "core/OrvHostCallbacks.h"
 #include "diagnostics/BoundedFormat.h"
 #include "frame/CKelVersionInfo.h"
 #include "frame/OrvAfx.h"
-#include "frame/OrvHostCallbacks.h"
 #include "frame/OrvProductAccessors.h"
 #include "frame/RegistryHelpers.h"
 #include "settings/OrvSettingsKey.h"

@@ -2,8 +2,6 @@
 
 #include <tchar.h>
 
-#include "frame/CKelEnvApp.h"
-#include "frame/OrvAppEnv.h"
 #include "frame/RegistryHelpers.h"
 
 namespace {
@@ -31,21 +29,6 @@ int CKelVersionInfo::IsGreater(CString const& code) {
 
 int CKelVersionInfo::IsGreater(float storageVersion) {
     return storageVersion > ORV_STORAGE_VERSION ? 1 : 0;
-}
-
-CString CKelVersionInfo::OnTarvexAllPDFFilePath() {
-    const CKelEnvApp* env = AppEnv();
-    return env ? env->GetManualPDFFilePath() : CString();
-}
-
-CString CKelVersionInfo::OnTarvexTaskPaneINIFFilePath() {
-    const CKelEnvApp* env = AppEnv();
-    return env ? env->GetKelTaskPaneINIFilePath() : CString();
-}
-
-CString CKelVersionInfo::GetTaskPaneTabStringName() {
-    const CKelEnvApp* env = AppEnv();
-    return env ? env->GetTaskPaneTabStringID() : CString();
 }
 
 CString GetKelVersion() {

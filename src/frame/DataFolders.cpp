@@ -2,10 +2,10 @@
 
 #include <filesystem>
 
+#include "core/OrvHostCallbacks.h"
 #include "frame/LanguageTable.h"
-#include "frame/OrvHostCallbacks.h"
 #include "frame/RegistryHelpers.h"
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "settings/OrvSettingsKey.h"
 
 namespace {

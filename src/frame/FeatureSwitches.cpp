@@ -1,7 +1,5 @@
 #include "frame/FeatureSwitches.h"
 
-#include "frame/CKelEnvApp.h"
-#include "frame/OrvAppEnv.h"
 #include "frame/RegistryHelpers.h"
 #include "settings/OrvSettingsKey.h"
 
@@ -166,19 +164,4 @@ int SetHaldenExeNameToRegistry() {
 }
 int SetOstrandExeNameToRegistry() {
     return SetBrowserEmulation(L"Edge.exe");
-}
-
-int GetMultiSurfaceByID() {
-    const CKelEnvApp* env = AppEnv();
-    return env ? env->GetMultiSurfaceByID() : 0;
-}
-
-int GetDisplayPLYFileRegStatus() {
-    const CKelEnvApp* env = AppEnv();
-    return env ? env->GetDisplayPLYFileRegStatus() : 0;
-}
-
-int GetIsAvoidChuckClippingEnabled() {
-    const CKelEnvApp* env = AppEnv();
-    return env ? env->GetIsAvoidChuckClippingEnabled() : 0;
 }

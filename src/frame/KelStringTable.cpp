@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "mfc/StringResources.h"
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cwchar>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The running product's identity, read from the add-in's ProductInfo record.
 #pragma once
 
-#include "frame/ProductInfo.h"
+#include "core/ProductInfo.h"
 
 // The add-in's record (callback 10), or null.
 ProductInfo* GetProductInfo();

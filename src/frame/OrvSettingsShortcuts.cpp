@@ -1,6 +1,6 @@
 #include "frame/OrvSettingsShortcuts.h"
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "settings/OrvSettingsKey.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "frame/OrvShareDll.h"
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "mfc/StringResources.h"
 
 void InitShareDll() {

@@ -1,8 +1,8 @@
 #include "objects/CFlaggedError.h"
 
-#include "frame/OrvDocAccessors.h"
+#include "core/OrvDocAccessors.h"
+#include "core/OrvDumpBanner.h"
 #include "geometry/FRConstants.h"
-#include "settings/OrvSettingsDump.h"
 
 IMPLEMENT_SERIAL(CFlaggedError, CObject, VERSIONABLE_SCHEMA | 2)
 

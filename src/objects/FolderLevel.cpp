@@ -2,9 +2,9 @@
 
 #include <memory>
 
+#include "core/OrvLoadTracker.h"
 #include "mfc/CException.h"
 #include "objects/OrvBaseFolder.h"
-#include "objects/OrvLoadTracker.h"
 #include "objects/OrvObject.h"
 
 namespace folder_level {

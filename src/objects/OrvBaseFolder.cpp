@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "core/OrvLoadTracker.h"
 #include "objects/FolderLevel.h"
-#include "objects/OrvLoadTracker.h"
 
 IMPLEMENT_SERIAL(OrvBaseFolder, OrvObject, VERSIONABLE_SCHEMA | 1)
 

@@ -1,9 +1,9 @@
 #include "objects/OrvFolderManager.h"
 
+#include "core/OrvLoadTracker.h"
 #include "objects/FolderLevel.h"
 #include "objects/FolderSchema.h"
 #include "objects/OrvBaseFolder.h"
-#include "objects/OrvLoadTracker.h"
 
 IMPLEMENT_SERIAL(OrvFolderManager, OrvObject, VERSIONABLE_SCHEMA | 1)
 

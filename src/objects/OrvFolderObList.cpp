@@ -2,12 +2,12 @@
 
 #include <unordered_set>
 
+#include "core/OrvLoadTracker.h"
 #include "mfc/CException.h"
 #include "objects/FolderLevel.h"
 #include "objects/FolderSchema.h"
 #include "objects/ObjectSequence.h"
 #include "objects/OrvBaseFolder.h"
-#include "objects/OrvLoadTracker.h"
 #include "objects/OrvSerializeStatus.h"
 
 IMPLEMENT_SERIAL(OrvFolderObList, OrvObject, VERSIONABLE_SCHEMA | 1)

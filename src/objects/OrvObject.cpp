@@ -1,21 +1,30 @@
 #include "objects/OrvObject.h"
 
-#include "frame/CKelEnvApp.h"
-#include "frame/OrvAppEnv.h"
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvDumpBanner.h"
+#include "core/OrvHostCallbacks.h"
+#include "core/OrvLoadTracker.h"
+#include "core/OrvObjectSlots.h"
+#include "environment/CKelEnvApp.h"
+#include "environment/OrvAppEnv.h"
 #include "mfc/CException.h"
 #include "objects/CFlaggedError.h"
-#include "objects/OrvLoadTracker.h"
 #include "objects/OrvNodeLoadScope.h"
 #include "objects/OrvObjectIndexerHelper.h"
 #include "objects/OrvSerializeStatus.h"
 #include "objects/ui_OrvObject.h"
-#include "settings/OrvSettingsDump.h"
-#include "threads/OrvThreadBaseMgr.h"
 
 IMPLEMENT_SERIAL(OrvObject, OrvBaseObject, VERSIONABLE_SCHEMA | 8)
 
 namespace {
+
+int DeliverCoreMessage(OrvObject* doc, ORV_CORE_MESSAGE_ID id, unsigned long long param,
+                       long long extra) {
+    return doc->SendOrvCoreMessage(id, param, extra);
+}
+
+// Documents are nodes: with this layer linked in, the core's messages reach them.
+[[maybe_unused]] const bool kCoreMessagesDelivered =
+    (SetOrvCoreMessageSender(&DeliverCoreMessage), true);
 
 // Objects nested inside one another while loading, beyond which a file counts as damaged: each
 // level is a stack frame of the loader, and a crafted file must not exhaust the stack.
@@ -205,7 +214,7 @@ void OrvObject::WriteGuardedReference(CArchive& ar, const CObject* reference) {
     } catch (CException* e) {
         e->Delete();
         failed = true;
-    } catch (...) {
+    } catch (...) { // any failure of a reference is stored as null and logged
         failed = true;
     }
     if (failed) {
@@ -457,7 +466,7 @@ OrvObject* OrvObject::Clone() {
 
 int OrvObject::RunCommand(unsigned int id, void* parameter, OrveThreadType type,
                           OrveThreadEndType endType) {
-    return OrvThreadBaseMgr::RunCommand(this, id, parameter, type, endType);
+    return RunOrvCommand(this, id, parameter, type, endType);
 }
 
 OrveThreadStatus OrvObject::HandleCommand(OrveCommandType, unsigned int, void*&) {

@@ -8,12 +8,12 @@
 #include <cstddef>
 #include <cstdio>
 
-#include "frame/OrvCoreMessage.h"
+#include "core/OrvBaseObject.h"
+#include "core/OrvCoreMessage.h"
+#include "core/OrvThreadEnums.h"
 #include "geometry/FRPosition.h"
 #include "mfc/CObList.h"
-#include "objects/OrvBaseObject.h"
 #include "objects/OrvCallbackHelper.h"
-#include "threads/OrvThreadEnums.h"
 #include "win/types.h"
 
 class CFlaggedError;

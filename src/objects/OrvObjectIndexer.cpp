@@ -1,6 +1,6 @@
 #include "objects/OrvObjectIndexer.h"
 
-#include "settings/OrvSettingsDump.h"
+#include "core/OrvDumpBanner.h"
 
 IMPLEMENT_SERIAL(OrvObjectIndexer, OrvBaseObject, VERSIONABLE_SCHEMA | 2)
 

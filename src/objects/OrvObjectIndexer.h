@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
+#include "core/OrvBaseObject.h"
 #include "mfc/CList.h"
-#include "objects/OrvBaseObject.h"
 
 class OrvObjectIndexer : public OrvBaseObject {
     DECLARE_SERIAL(OrvObjectIndexer)

@@ -1,10 +1,10 @@
 #include "objects/OrvObjectIndexerHelper.h"
 
-#include "objects/OrvLoadTracker.h"
+#include "core/OrvDumpBanner.h"
+#include "core/OrvLoadTracker.h"
+#include "objects/ObjectListHelpers.h"
 #include "objects/OrvObject.h"
 #include "objects/OrvObjectIndexer.h"
-#include "settings/OrvSettingsDump.h"
-#include "util/ObjectListHelpers.h"
 
 IMPLEMENT_SERIAL(OrvObjectIndexerHelper, OrvBaseObject, VERSIONABLE_SCHEMA | 2)
 
@@ -41,7 +41,7 @@ void OrvObjectIndexerHelper::Serialize(CArchive& ar) {
             if (indexer)
                 loaded.AddTail(indexer);
         }
-    } catch (...) {
+    } catch (...) { // the registers loaded so far are freed before the failure goes on
         DeleteAllElements_CObList(loaded);
         throw;
     }

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <map>
 
+#include "core/OrvBaseObject.h"
 #include "mfc/CObList.h"
-#include "objects/OrvBaseObject.h"
 
 class OrvObject;
 class OrvObjectIndexer;

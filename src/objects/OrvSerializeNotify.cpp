@@ -1,6 +1,6 @@
 #include "objects/OrvSerializeNotify.h"
 
-#include "objects/OrvBaseObject.h"
+#include "core/OrvBaseObject.h"
 
 std::unique_ptr<OrvSerializeNotify> OrvSerializeNotify::s_pInstance;
 

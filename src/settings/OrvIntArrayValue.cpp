@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "settings/OrvSettingsDump.h"
+#include "core/OrvDumpBanner.h"
 #include "settings/SettingsRegistryIO.h"
 
 IMPLEMENT_SERIAL(OrvIntArrayValue, OrvSettingsValue, VERSIONABLE_SCHEMA | 1)

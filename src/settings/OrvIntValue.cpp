@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "settings/OrvSettingsDump.h"
+#include "core/OrvDumpBanner.h"
 #include "settings/SettingsRegistryIO.h"
 
 IMPLEMENT_SERIAL(OrvIntValue, OrvSettingsValue, VERSIONABLE_SCHEMA | 1)

@@ -3,7 +3,7 @@
 #include <cwchar>
 #include <utility>
 
-#include "settings/OrvSettingsDump.h"
+#include "core/OrvDumpBanner.h"
 #include "settings/SettingsRegistryIO.h"
 
 IMPLEMENT_SERIAL(OrvLongDoubleStrValue, OrvSettingsValue, VERSIONABLE_SCHEMA | 1)

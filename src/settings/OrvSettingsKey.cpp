@@ -4,7 +4,8 @@
 #include <cstring>
 #include <utility>
 
-#include "objects/OrvLoadTracker.h"
+#include "core/OrvDumpBanner.h"
+#include "core/OrvLoadTracker.h"
 #include "settings/OrvColorValue.h"
 #include "settings/OrvDoubleValue.h"
 #include "settings/OrvIntArrayValue.h"
@@ -12,7 +13,6 @@
 #include "settings/OrvLongDoubleStrValue.h"
 #include "settings/OrvPointValue.h"
 #include "settings/OrvRectValue.h"
-#include "settings/OrvSettingsDump.h"
 #include "settings/OrvStringValue.h"
 #include "settings/OrvTimeValue.h"
 
@@ -326,7 +326,7 @@ void OrvSettingsKey::Serialize(CArchive& ar) {
         if (OrvLoadTracker::Depth() > kMaxLoadDepth)
             AfxThrowArchiveException(CArchiveException::genericException);
         m_List.Serialize(ar);
-    } catch (...) {
+    } catch (...) { // the key gets its list and defaults back before the failure goes on
         AdoptLoadedList(tracker);
         RestoreDefaults(defaults);
         throw;

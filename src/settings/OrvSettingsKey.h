@@ -4,12 +4,12 @@
 
 #include <windows.h>
 
+#include "core/OrvBaseObject.h"
 #include "mfc/CArray.h"
 #include "mfc/CObList.h"
 #include "mfc/CPoint.h"
 #include "mfc/CRect.h"
 #include "mfc/CTime.h"
-#include "objects/OrvBaseObject.h"
 
 class OrvLoadTracker;
 class OrvSettingsValue;

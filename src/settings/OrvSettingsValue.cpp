@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "settings/OrvSettingsDump.h"
+#include "core/OrvDumpBanner.h"
 
 IMPLEMENT_SERIAL(OrvSettingsValue, OrvBaseObject, VERSIONABLE_SCHEMA | 1)
 

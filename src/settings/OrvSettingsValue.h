@@ -6,7 +6,7 @@
 #include <span>
 #include <type_traits>
 
-#include "objects/OrvBaseObject.h"
+#include "core/OrvBaseObject.h"
 
 class OrvSettingsKey;
 

@@ -4,7 +4,7 @@
 #include <cwchar>
 #include <utility>
 
-#include "settings/OrvSettingsDump.h"
+#include "core/OrvDumpBanner.h"
 #include "settings/SettingsRegistryIO.h"
 
 IMPLEMENT_SERIAL(OrvTimeValue, OrvSettingsValue, VERSIONABLE_SCHEMA | 1)

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
+#include "core/OrvObjectSlots.h"
 #include "settings/OrvSettingsKey.h"
 #include "threads/OrvCriticalSectionLoader.h"
 #include "threads/OrvThreadData.h"
@@ -12,6 +13,10 @@ OrvThreadBaseMgr* OrvThreadBaseMgr::m_pInstance = nullptr;
 DWORD OrvThreadBaseMgr::m_HdThreadId = 0;
 
 namespace {
+
+// With the manager linked in, a node's RunCommand reaches it.
+[[maybe_unused]] const bool kCommandsRun =
+    (SetOrvCommandRunner(&OrvThreadBaseMgr::RunCommand), true);
 
 constexpr int kDocumentWaitRounds = 180;
 constexpr int kTargetWaitRounds = 301;

@@ -16,8 +16,8 @@
 #include <afx.h>
 #include <windows.h>
 
+#include "core/OrvThreadEnums.h"
 #include "threads/OrvCriticalSection.h"
-#include "threads/OrvThreadEnums.h"
 
 class OrvObject;
 class OrvThreadData;

@@ -6,7 +6,7 @@
 #include <ctime>
 #include <optional>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "mfc/CException.h"
 #include "mfc/CTime.h"
 #include "threads/OrvCriticalSectionLoader.h"
@@ -230,7 +230,7 @@ int OrvThreadData::HandleCommand(int onWorkerThread) {
         } catch (CException* exception) {
             exception->Delete();
             failed = true;
-        } catch (...) {
+        } catch (...) { // the node's failure must not end the worker: the record fails
             failed = true;
         }
         if (failed) {

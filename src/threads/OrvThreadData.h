@@ -27,8 +27,8 @@
 
 #include <windows.h>
 
+#include "core/OrvThreadEnums.h"
 #include "objects/OrvObject.h"
-#include "threads/OrvThreadEnums.h"
 
 class OrvThreadBaseMgr;
 

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 
 namespace {
 

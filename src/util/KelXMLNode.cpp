@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "util/KelXMLNodeList.h"
 
 namespace {

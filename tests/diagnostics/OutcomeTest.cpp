@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "core/OrvHostCallbacks.h"
+#include "core/ProductInfo.h"
 #include "diagnostics/Outcome.h"
-#include "frame/OrvHostCallbacks.h"
-#include "frame/ProductInfo.h"
 #include "mfc/StringResources.h"
 #include "settings/OrvSettingsKey.h"
 

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "EnvironmentTestSupport.h"
-#include "frame/CutbaseConfigFile.h"
-#include "frame/OrvCutbaseConfigInfo.h"
+#include "environment/CutbaseConfigFile.h"
+#include "environment/OrvCutbaseConfigInfo.h"
 
 namespace {
 

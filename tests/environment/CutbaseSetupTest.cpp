@@ -5,8 +5,8 @@
 #include <unistd.h>
 
 #include "EnvironmentTestSupport.h"
-#include "frame/CutbaseAccessSetup.h"
-#include "frame/CutbaseDatabase.h"
+#include "environment/CutbaseAccessSetup.h"
+#include "environment/CutbaseDatabase.h"
 #include "port/ProcessQueries.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #include <filesystem>
 
 #include "EnvironmentTestSupport.h"
+#include "core/OrvHostCallbacks.h"
 #include "frame/DataFolders.h"
 #include "frame/LanguageTable.h"
-#include "frame/OrvHostCallbacks.h"
 #include "settings/OrvSettingsKey.h"
 
 namespace {

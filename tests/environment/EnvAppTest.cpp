@@ -4,11 +4,11 @@
 #include <filesystem>
 
 #include "EnvironmentTestSupport.h"
-#include "frame/CKelEnvApp.h"
+#include "core/OrvHostCallbacks.h"
+#include "environment/CKelEnvApp.h"
+#include "environment/OrvAppEnv.h"
 #include "frame/CKelVersionInfo.h"
 #include "frame/FeatureSwitches.h"
-#include "frame/OrvAppEnv.h"
-#include "frame/OrvHostCallbacks.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "EnvironmentTestSupport.h"
+#include "core/OrvHostCallbacks.h"
 #include "frame/KelStringTable.h"
-#include "frame/OrvHostCallbacks.h"
 #include "mfc/StringResources.h"
 
 namespace {

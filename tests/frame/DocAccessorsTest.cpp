@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "../objects/TestDocument.h"
-#include "frame/OrvDocAccessors.h"
+#include "core/OrvDocAccessors.h"
 
 namespace {
 

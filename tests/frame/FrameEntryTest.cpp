@@ -1,10 +1,10 @@
 // Module frame entry points, the settings shortcuts, OrvAfx and the environment entry points.
 #include <gtest/gtest.h>
 
-#include "frame/CKelEnvApp.h"
+#include "core/OrvHostCallbacks.h"
+#include "environment/CKelEnvApp.h"
+#include "environment/OrvAppEnv.h"
 #include "frame/OrvAfx.h"
-#include "frame/OrvAppEnv.h"
-#include "frame/OrvHostCallbacks.h"
 #include "frame/OrvSettingsShortcuts.h"
 #include "frame/OrvShareDll.h"
 #include "mfc/CString.h"

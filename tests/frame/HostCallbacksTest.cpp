@@ -3,8 +3,8 @@
 
 #include <cstring>
 
-#include "frame/OrvHostCallbacks.h"
-#include "frame/ProductInfo.h"
+#include "core/OrvHostCallbacks.h"
+#include "core/ProductInfo.h"
 #include "objects/OrvObject.h"
 
 namespace {

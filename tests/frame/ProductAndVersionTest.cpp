@@ -1,8 +1,8 @@
 // Product strings, the name substitution, and the host revision rules.
 #include <gtest/gtest.h>
 
+#include "core/OrvHostCallbacks.h"
 #include "frame/OrvHaldenVersion.h"
-#include "frame/OrvHostCallbacks.h"
 #include "frame/OrvProductAccessors.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "../settings/ArchiveBytes.h"
 #include "../settings/SettingsTestSupport.h"
 #include "TestDocument.h"
-#include "objects/OrvBaseObject.h"
+#include "core/OrvBaseObject.h"
 #include "objects/OrvObject.h"
 
 // Records the schema that the base part leaves for it.

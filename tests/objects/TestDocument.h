@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "objects/OrvObject.h"
 
 class TestDocument : public OrvObject {

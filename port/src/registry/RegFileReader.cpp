@@ -1,7 +1,7 @@
 // Reads .reg files: regedit's version 5 format and the older REGEDIT4.
 #include "RegFile.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "win/registry.h"
 
 #include <cwctype>

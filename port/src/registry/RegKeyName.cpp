@@ -2,7 +2,7 @@
 #include "RegFile.h"
 #include "RegistryRoots.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "win/registry.h"
 
 namespace port::registry {

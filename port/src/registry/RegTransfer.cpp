@@ -3,7 +3,7 @@
 #include "RegistryRoots.h"
 #include "RegistryStore.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "win/registry.h"
 
 #include <memory>
@@ -81,7 +81,7 @@ std::vector<RegFileKey> ExportTree(HKEY root, const std::wstring& path) {
         ExportKey(*store, root, path, *id, keys);
         return keys;
     } catch (const SqliteError& error) {
-        throw RegFileError("cannot read " + store->Path() + ": " + error.message);
+        throw RegFileError("cannot read " + store->Path() + ": " + error.what());
     }
 }
 
@@ -109,7 +109,7 @@ void ImportKeys(const std::vector<RegFileKey>& keys) {
                     Apply(*store, key);
             transaction.Commit();
         } catch (const SqliteError& error) {
-            throw RegFileError("cannot write " + store->Path() + ": " + error.message);
+            throw RegFileError("cannot write " + store->Path() + ": " + error.what());
         }
     }
 }

@@ -1,6 +1,6 @@
 #include "RegistryStore.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "win/registry.h"
 
 #include <chrono>
@@ -41,32 +41,43 @@ sqlite3* OpenWith(const std::string& name, int flags) {
     return db;
 }
 
+// Creates the tables in one transaction, rolled back when any part fails.
+void CreateSchema(sqlite3* db) {
+    Exec(db, "BEGIN IMMEDIATE");
+    try {
+        Exec(db, kSchema);
+        Exec(db, "COMMIT");
+    } catch (...) { // whatever failed, the transaction is rolled back before the failure goes on
+        sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+// Puts the WAL journal and the schema in place; false when the store can't take them.
+bool PrepareForWriting(sqlite3* db) {
+    try {
+        SqliteStatement wal(db, "PRAGMA journal_mode=WAL");
+        if (!wal.Step() || wal.Text(0) != "wal")
+            return false;
+        wal.Done();
+        Exec(db, "PRAGMA synchronous=NORMAL");
+        CreateSchema(db);
+        return true;
+    } catch (const SqliteError&) {
+        return false;
+    }
+}
+
 // A read-write connection in WAL mode with the schema in place, or null.
 sqlite3* OpenForWriting(const std::string& path) {
     sqlite3* db = OpenWith(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     if (!db)
         return nullptr;
-    try {
-        if (sqlite3_db_readonly(db, "main") != 0)
-            throw SqliteError{SQLITE_READONLY, "read-only"};
-        SqliteStatement wal(db, "PRAGMA journal_mode=WAL");
-        if (!wal.Step() || wal.Text(0) != "wal")
-            throw SqliteError{SQLITE_READONLY, "no WAL"};
-        wal.Done();
-        Exec(db, "PRAGMA synchronous=NORMAL");
-        Exec(db, "BEGIN IMMEDIATE");
-        try {
-            Exec(db, kSchema);
-            Exec(db, "COMMIT");
-        } catch (...) {
-            sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
-            throw;
-        }
-        return db;
-    } catch (const SqliteError&) {
+    if (sqlite3_db_readonly(db, "main") != 0 || !PrepareForWriting(db)) {
         sqlite3_close(db);
         return nullptr;
     }
+    return db;
 }
 
 bool Readable(sqlite3* db) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "RegistryText.h"
-#include "SqliteStatement.h"
+#include "port/SqliteStatement.h"
 
 #include <cstdint>
 #include <memory>
@@ -12,6 +12,9 @@
 #include <vector>
 
 namespace port::registry {
+
+using port::sqlite::SqliteError;
+using port::sqlite::SqliteStatement;
 
 using KeyId = std::int64_t;
 

@@ -1,6 +1,6 @@
 #include "RegistryText.h"
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 #include "win/registry.h"
 
 #include <cstring>

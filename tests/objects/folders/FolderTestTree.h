@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "FolderTestObjects.h"
-#include "mfc/TextConversion.h"
 #include "objects/OrvFolderObList.h"
+#include "port/TextConversion.h"
 
 // The text of one level and the folders below it.
 inline std::string Describe(const CObList& level) {

@@ -1,8 +1,8 @@
 // The free functions over object lists and arrays.
 #include <gtest/gtest.h>
 
+#include "objects/ObjectListHelpers.h"
 #include "objects/OrvObject.h"
-#include "util/ObjectListHelpers.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "objects/OrvLoadTracker.h"
+#include "core/OrvLoadTracker.h"
 #include "objects/OrvObject.h"
 
 namespace {

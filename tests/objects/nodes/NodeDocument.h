@@ -12,17 +12,17 @@
 #include <memory>
 #include <vector>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvDumpBanner.h"
+#include "core/OrvHostCallbacks.h"
+#include "core/OrvLoadTracker.h"
 #include "mfc/CArchive.h"
 #include "mfc/CException.h"
 #include "objects/CFlaggedError.h"
 #include "objects/OrvBaseFolder.h"
 #include "objects/OrvFolderObList.h"
-#include "objects/OrvLoadTracker.h"
 #include "objects/OrvNodeLoadScope.h"
 #include "objects/OrvObject.h"
 #include "objects/OrvObjectIndexerHelper.h"
-#include "settings/OrvSettingsDump.h"
 
 // A node with a flag. The flag's message id is the class's own, set at construction.
 class DocNode : public OrvObject {

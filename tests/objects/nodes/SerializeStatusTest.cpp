@@ -1,7 +1,7 @@
 // The process-wide status word of storing and loading, and the post-load notification list.
 #include <gtest/gtest.h>
 
-#include "objects/OrvBaseObject.h"
+#include "core/OrvBaseObject.h"
 #include "objects/OrvObject.h"
 #include "objects/OrvSerializeNotify.h"
 #include "objects/OrvSerializeStatus.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "mfc/TextConversion.h"
+#include "port/TextConversion.h"
 
 namespace {
 

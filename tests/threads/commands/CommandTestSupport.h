@@ -8,7 +8,7 @@
 #include <mutex>
 #include <set>
 
-#include "frame/OrvHostCallbacks.h"
+#include "core/OrvHostCallbacks.h"
 #include "objects/OrvObject.h"
 #include "settings/OrvSettingsKey.h"
 #include "threads/OrvThreadBaseMgr.h"

@@ -1,0 +1,15 @@
+// ATL's string header: CString, CStringA and CStringW with their formatting.
+#pragma once
+
+// The kernel and user parts of windows.h; the registry comes with <windows.h> itself.
+#include "win/error.h"
+#include "win/files.h"
+#include "win/msgbox.h"
+#include "win/rect.h"
+#include "win/threads.h"
+#include "win/time.h"
+#include "win/types.h"
+
+#include "mfc/CString.h"
+#include "mfc/StringFormat.h"
+#include "mfc/StringResources.h"

@@ -1,8 +1,0 @@
-// The window-side value types: points, sizes and rectangles.
-#pragma once
-
-#include "afx.h"
-#include "mfc/CPoint.h"
-#include "mfc/CRect.h"
-#include "mfc/CSize.h"
-#include "win/gdi_types.h"

@@ -1,0 +1,15 @@
+#include "environment/OrvAppEnv.h"
+
+#include "environment/CKelEnvApp.h"
+
+CKelEnvApp* InitAppEnv() {
+    return CKelEnvApp::Instance();
+}
+
+CKelEnvApp* AppEnv() {
+    return CKelEnvApp::Instance();
+}
+
+void CloseAppEnv() {
+    CKelEnvApp::DestroyInstance();
+}

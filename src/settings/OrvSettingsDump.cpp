@@ -1,7 +1,0 @@
-#include "settings/OrvSettingsDump.h"
-
-void OrvDumpBanner(FILE* file, const wchar_t* className, const wchar_t* which) {
-    port::FilePrintf(file,
-                     L"\n============================ %s %s ================================\n",
-                     className, which);
-}
