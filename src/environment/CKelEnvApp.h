@@ -157,6 +157,8 @@ public:
     CString GetDefaultSQLiteDBPath() const {
         return GetKelDataPath() + L"Cutbase/" + L"Cutbase.keldb";
     }
+    // In configuration-file mode takes the active database's path, and throws std::runtime_error
+    // when none is active; Init catches it and records ENV_APP_INIT_NO_ACTIVE_DB.
     void SetKelCutbasePath(int write);
     void SetKelCutbasePath(CString const& path) { m_CutbasePath = path; }
     void SetKelDefaultCutbasePath();
