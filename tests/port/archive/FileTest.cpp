@@ -6,7 +6,8 @@
 #include <filesystem>
 #include <string>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
 
 namespace {
 
@@ -103,11 +104,11 @@ TEST_F(FileTest, ArchiveOverADiskFile) {
         ASSERT_EQ(v, i);
         ASSERT_EQ(text, L"é");
     }
-    EXPECT_EQ(LoadFailure(Bytes(),
-                          [](CArchive& inner) {
-                              BYTE b;
-                              inner >> b;
-                          }),
+    EXPECT_EQ(LoadCause(Bytes(),
+                        [](CArchive& inner) {
+                            BYTE b;
+                            inner >> b;
+                        }),
               CArchiveException::endOfFile);
 }
 

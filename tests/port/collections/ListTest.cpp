@@ -6,9 +6,9 @@
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
+#include "support/ArchiveRoundTrip.h"
 
-using collections_test::ThrowsMfc;
+using ThrowsMfc;
 
 namespace {
 

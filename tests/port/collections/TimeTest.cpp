@@ -5,9 +5,9 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
+#include "support/ArchiveRoundTrip.h"
 
-using collections_test::ThrowsMfc;
+using ThrowsMfc;
 
 namespace {
 
