@@ -57,7 +57,7 @@ LSTATUS WriteDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD va
 }
 
 LSTATUS WriteString(HKEY root, const wchar_t* path, const wchar_t* name,
-                    const std::wstring& value) {
+                    const wchar_t* value) {
     const std::vector<BYTE> bytes = WideBytes(value);
     return WriteRaw(root, path, name, REG_SZ, bytes.data(), static_cast<DWORD>(bytes.size()));
 }

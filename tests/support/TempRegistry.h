@@ -35,7 +35,7 @@ LSTATUS WriteRaw(HKEY root, const wchar_t* path, const wchar_t* name, DWORD type
 std::vector<BYTE> WideBytes(const std::wstring& text);
 
 LSTATUS WriteDword(HKEY root, const wchar_t* path, const wchar_t* name, DWORD value);
-LSTATUS WriteString(HKEY root, const wchar_t* path, const wchar_t* name, const std::wstring& value);
+LSTATUS WriteString(HKEY root, const wchar_t* path, const wchar_t* name, const wchar_t* value);
 // The stored DWORD, or -1 when there is none (or it has another type).
 long long ReadDword(HKEY root, const wchar_t* path, const wchar_t* name);
 // The stored string up to its first terminator, or "<none>"; `bytes` gets the raw byte count.

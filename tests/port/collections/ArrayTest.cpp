@@ -7,7 +7,6 @@
 
 #include "support/ArchiveRoundTrip.h"
 
-using ThrowsMfc;
 
 namespace {
 

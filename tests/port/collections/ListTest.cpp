@@ -8,7 +8,6 @@
 
 #include "support/ArchiveRoundTrip.h"
 
-using ThrowsMfc;
 
 namespace {
 

@@ -8,7 +8,6 @@
 
 #include "support/ArchiveRoundTrip.h"
 
-using ThrowsMfc;
 
 TEST(CMapTest, SetAtOverwritesAndLookupFinds) {
     CMap<int, int, CString, const CString&> map;
