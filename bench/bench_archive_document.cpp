@@ -12,10 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "addin/NodeDocument.h"
 #include "mfc/CMemFile.h"
-
-#define NODE_DOCUMENT_IMPLEMENTATION
-#include "tests/objects/nodes/NodeDocument.h"
 
 namespace {
 

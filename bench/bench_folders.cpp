@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/OrvHostCallbacks.h"
+#include "addin/NodeDocument.h"
 #include "mfc/CMemFile.h"
 #include "objects/OrvBaseFolder.h"
 #include "objects/OrvFolderObList.h"
@@ -15,21 +15,14 @@ namespace {
 constexpr int kObjects = 10000;
 constexpr int kFolders = 1000;
 
-// Loading asks the active document for its storage version; a plain node answers none, which
-// counts as the current one.
-OrvObject* ActiveDocument() {
-    static OrvObject document;
-    return &document;
-}
-
 // The objects, and a list whose tree groups runs of ten into folders and every fifth folder with
 // its neighbours into an outer one.
 class Document {
 public:
     Document() {
-        OrvShareRegisterDocCBK(nullptr, nullptr, &ActiveDocument, nullptr, nullptr, nullptr,
-                               nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                               nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+        // Loading asks the active document for its storage version.
+        static NodeDocument host;
+        NodeDocument::Activate(&host);
         CObList all;
         for (int index = 0; index < kObjects; ++index) {
             m_objects.push_back(std::make_unique<OrvObject>());

@@ -1,15 +1,14 @@
-// Loads arbitrary bytes as a document of nodes (the library's node, flag, folder and indexer
-// classes under an add-in's document class), dumps what loads with both views of its folder list,
-// and frees it. A damaged document must end in an archive exception, never in a crash or a leak.
+// Loads arbitrary bytes as a document of the reference add-in (the library's node, flag, folder
+// and indexer classes under the add-in's document class), dumps what loads with both views of its
+// folder list, and frees it. A damaged document must end in an archive exception, never in a crash
+// or a leak.
 #include <cstdint>
 #include <cstdio>
 #include <memory>
 
+#include "addin/DemoFolders.h"
+#include "addin/NodeDocument.h"
 #include "mfc/CMemFile.h"
-#include "objects/FolderDemo.h"
-
-#define NODE_DOCUMENT_IMPLEMENTATION
-#include "tests/objects/nodes/NodeDocument.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static NodeDocument host; // answers the storage version that loading asks for

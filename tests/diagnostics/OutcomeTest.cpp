@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+
+#include <memory>
 #include <windows.h>
 
 #include <cstdlib>
@@ -12,6 +14,7 @@
 #include "diagnostics/Outcome.h"
 #include "mfc/StringResources.h"
 #include "settings/OrvSettingsKey.h"
+#include "support/TempRegistry.h"
 
 namespace {
 
@@ -44,10 +47,7 @@ void Register() {
 class OutcomeTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orv-diag-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        m_registry = pattern;
-        setenv("ORV_REGISTRY_DIR", m_registry.c_str(), 1);
+        m_registry = std::make_unique<TempRegistryDir>();
         g_alerts = -1;
         g_appSettings = nullptr;
         g_product = nullptr;
@@ -72,14 +72,12 @@ protected:
         SetOrvMessageSink(nullptr);
         SetOrvScriptedAnswerService(nullptr);
         port::SetStringResourceLoader(nullptr);
-        unsetenv("ORV_REGISTRY_DIR");
-        std::error_code ignored;
-        std::filesystem::remove_all(m_registry, ignored);
+        m_registry.reset();
     }
 
     std::vector<OrvMessageBoxRequest> m_boxes;
     int m_answer = IDNO;
-    std::string m_registry;
+    std::unique_ptr<TempRegistryDir> m_registry;
 };
 
 TEST_F(OutcomeTest, OkIsStatusZero) {

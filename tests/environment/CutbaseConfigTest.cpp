@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "EnvironmentTestSupport.h"
+#include "support/EnvironmentTest.h"
 #include "environment/CutbaseConfigFile.h"
 #include "environment/OrvCutbaseConfigInfo.h"
 
@@ -45,7 +45,7 @@ const char* const kThreeKinds = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
                                 "</configuration>\n";
 
 TEST_F(CutbaseConfigTest, ReadsEachKindIntoItsRecord) {
-    WriteFile(m_file, kThreeKinds);
+    WriteFileBytes(m_file, kThreeKinds);
     OrvCutbaseConfigInfo info;
     ASSERT_EQ(Read(info), 1);
     ASSERT_EQ(info.GetCount(), 3);
@@ -81,14 +81,15 @@ TEST_F(CutbaseConfigTest, ReadsEachKindIntoItsRecord) {
 }
 
 TEST_F(CutbaseConfigTest, SqlAuthenticationAndSkippedRecords) {
-    WriteFile(m_file, "<root><applicationSettings><!--c-->"
-                      "<setting databaseType=\"sql\"><authenticationMode>sql</authenticationMode>"
-                      "<password>p;w</password><userID>cam</userID><serverID>S1</serverID>"
-                      "<databaseName>D1</databaseName></setting>"
-                      "<setting databaseType=\"oracle\"><filePath>x</filePath></setting>"
-                      "<setting databaseType=\"sqlite\"><filePath></filePath></setting>"
-                      "<setting><filePath>no type</filePath></setting>"
-                      "</applicationSettings></root>");
+    WriteFileBytes(m_file,
+                   "<root><applicationSettings><!--c-->"
+                   "<setting databaseType=\"sql\"><authenticationMode>sql</authenticationMode>"
+                   "<password>p;w</password><userID>cam</userID><serverID>S1</serverID>"
+                   "<databaseName>D1</databaseName></setting>"
+                   "<setting databaseType=\"oracle\"><filePath>x</filePath></setting>"
+                   "<setting databaseType=\"sqlite\"><filePath></filePath></setting>"
+                   "<setting><filePath>no type</filePath></setting>"
+                   "</applicationSettings></root>");
     OrvCutbaseConfigInfo info;
     ASSERT_EQ(Read(info), 1);
     ASSERT_EQ(info.GetCount(), 1);
@@ -98,18 +99,18 @@ TEST_F(CutbaseConfigTest, SqlAuthenticationAndSkippedRecords) {
 }
 
 TEST_F(CutbaseConfigTest, NoMarkMeansTheLastRecordIsActive) {
-    WriteFile(m_file, "<c><applicationSettings><!--x-->"
-                      "<setting databaseType=\"sqlite\"><filePath>a.keldb</filePath></setting>"
-                      "<setting databaseType=\"sqlite\"><filePath>b.keldb</filePath></setting>"
-                      "</applicationSettings></c>");
-    const std::string before = ReadFile(m_file);
+    WriteFileBytes(m_file, "<c><applicationSettings><!--x-->"
+                           "<setting databaseType=\"sqlite\"><filePath>a.keldb</filePath></setting>"
+                           "<setting databaseType=\"sqlite\"><filePath>b.keldb</filePath></setting>"
+                           "</applicationSettings></c>");
+    const std::string before = ReadFileBytes(m_file);
     OrvCutbaseConfigInfo info;
     ASSERT_EQ(Read(info), 1);
     ASSERT_EQ(info.GetCount(), 2);
     EXPECT_EQ(info.GetCutbaseConfigData(0)->m_ActiveFlag, 0);
     EXPECT_EQ(info.GetCutbaseConfigData(1)->m_ActiveFlag, 0);
     EXPECT_EQ(info.GetActiveConfigData(), info.GetCutbaseConfigData(1));
-    EXPECT_EQ(ReadFile(m_file), before); // three children: no repair
+    EXPECT_EQ(ReadFileBytes(m_file), before); // three children: no repair
 }
 
 TEST_F(CutbaseConfigTest, OneSettingFileGainsItsDefaultMark) {
@@ -122,7 +123,7 @@ TEST_F(CutbaseConfigTest, OneSettingFileGainsItsDefaultMark) {
                                  "\t\t</setting>\r\n"
                                  "\t</applicationSettings>\r\n"
                                  "</configuration>\r\n";
-    WriteFile(m_file, original);
+    WriteFileBytes(m_file, original);
     OrvCutbaseConfigInfo info;
     ASSERT_EQ(Read(info), 1);
     ASSERT_EQ(info.GetCount(), 1);
@@ -130,11 +131,11 @@ TEST_F(CutbaseConfigTest, OneSettingFileGainsItsDefaultMark) {
     EXPECT_EQ(info.GetCutbaseConfigData(0)->m_FilePath, CString(L"/srv/cam/Cutbase.keldb"));
     std::string expected = original;
     expected.replace(expected.find("\"sqlite\">"), 9, "\"sqlite\" Default=\"True\">");
-    EXPECT_EQ(ReadFile(m_file), expected);
+    EXPECT_EQ(ReadFileBytes(m_file), expected);
 }
 
 TEST_F(CutbaseConfigTest, WriterChangesOnlyTheDefaultAttributes) {
-    WriteFile(m_file, kThreeKinds);
+    WriteFileBytes(m_file, kThreeKinds);
     OrvCutbaseConfigInfo info;
     ASSERT_EQ(Read(info), 1);
     std::unique_ptr<OrvCutbaseConfigInfo> edited(info.Clone());
@@ -149,11 +150,11 @@ TEST_F(CutbaseConfigTest, WriterChangesOnlyTheDefaultAttributes) {
     expected.replace(expected.find("Default=\"TRUE\""), 14, "Default=\"False\"");
     const std::size_t sql = expected.find("\"sql\" Default=\"False\"");
     expected.replace(sql, 21, "\"sql\" Default=\"True\"");
-    EXPECT_EQ(ReadFile(m_file), expected);
+    EXPECT_EQ(ReadFileBytes(m_file), expected);
 }
 
 TEST_F(CutbaseConfigTest, WriterRefusesAFileThatDoesNotMatch) {
-    WriteFile(m_file, kThreeKinds);
+    WriteFileBytes(m_file, kThreeKinds);
     OrvCutbaseConfigInfo info;
     ASSERT_EQ(Read(info), 1);
 
@@ -161,20 +162,20 @@ TEST_F(CutbaseConfigTest, WriterRefusesAFileThatDoesNotMatch) {
     OrvCutbaseConfigInfo two;
     two.AddCutbaseConfigData(info.GetCutbaseConfigData(0)->Clone());
     two.AddCutbaseConfigData(info.GetCutbaseConfigData(1)->Clone());
-    WriteFile(m_file, "<c><applicationSettings>"
-                      "<setting databaseType=\"sqlite\"><filePath>a</filePath></setting>"
-                      "<setting databaseType=\"ms-access\"><filePath>b</filePath></setting>"
-                      "</applicationSettings></c>");
-    const std::string twoChildren = ReadFile(m_file);
+    WriteFileBytes(m_file, "<c><applicationSettings>"
+                           "<setting databaseType=\"sqlite\"><filePath>a</filePath></setting>"
+                           "<setting databaseType=\"ms-access\"><filePath>b</filePath></setting>"
+                           "</applicationSettings></c>");
+    const std::string twoChildren = ReadFileBytes(m_file);
     EXPECT_EQ(WriteCutbaseConfigFile(CString(m_file.c_str()), two), 0);
-    EXPECT_EQ(ReadFile(m_file), twoChildren);
+    EXPECT_EQ(ReadFileBytes(m_file), twoChildren);
 
     // A kind that differs at one position stops the whole update.
-    WriteFile(m_file, kThreeKinds);
+    WriteFileBytes(m_file, kThreeKinds);
     info.GetCutbaseConfigData(2)->m_DatabaseType = 0;
     info.GetCutbaseConfigData(0)->m_ActiveFlag = 1;
     EXPECT_EQ(WriteCutbaseConfigFile(CString(m_file.c_str()), info), 0);
-    EXPECT_EQ(ReadFile(m_file), kThreeKinds);
+    EXPECT_EQ(ReadFileBytes(m_file), kThreeKinds);
 
     // Nothing to load.
     EXPECT_EQ(WriteCutbaseConfigFile(CString((m_folder + "absent.config").c_str()), info), 0);
@@ -182,13 +183,13 @@ TEST_F(CutbaseConfigTest, WriterRefusesAFileThatDoesNotMatch) {
 
 TEST_F(CutbaseConfigTest, MalformedFileReadsNothingAndStaysAsItWas) {
     const std::string broken = "<configuration><applicationSettings><setting databaseType=";
-    WriteFile(m_file, broken);
+    WriteFileBytes(m_file, broken);
     OrvCutbaseConfigInfo info;
     EXPECT_EQ(Read(info), 0);
     EXPECT_EQ(info.GetCount(), 0);
-    EXPECT_EQ(ReadFile(m_file), broken);
+    EXPECT_EQ(ReadFileBytes(m_file), broken);
     EXPECT_EQ(WriteCutbaseConfigFile(CString(m_file.c_str()), info), 0);
-    EXPECT_EQ(ReadFile(m_file), broken);
+    EXPECT_EQ(ReadFileBytes(m_file), broken);
 }
 
 TEST_F(CutbaseConfigTest, WithoutAConfigFileTheDefaultSQLiteFileIsUsed) {
@@ -198,7 +199,7 @@ TEST_F(CutbaseConfigTest, WithoutAConfigFileTheDefaultSQLiteFileIsUsed) {
     EXPECT_EQ(info.GetCount(), 0);
     EXPECT_EQ(info.GetActiveConfigData(), nullptr);
 
-    WriteFile(fallback, "");
+    WriteFileBytes(fallback, "");
     ASSERT_EQ(Read(info, fallback), 1);
     ASSERT_EQ(info.GetCount(), 1);
     EXPECT_EQ(info.GetCutbaseConfigData(0)->m_FilePath, CString(fallback.c_str()));

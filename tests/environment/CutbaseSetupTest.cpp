@@ -4,7 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "EnvironmentTestSupport.h"
+#include "support/EnvironmentTest.h"
 #include "environment/CutbaseAccessSetup.h"
 #include "environment/CutbaseDatabase.h"
 #include "port/ProcessQueries.h"
@@ -131,7 +131,7 @@ TEST_F(CutbaseDatabaseTest, ErrorsAreReportedNotThrown) {
     EXPECT_FALSE(error.IsEmpty());
 
     const std::string notADatabase = Folder("forms") + "text.mde";
-    WriteFile(notADatabase, "this is not a database file at all, just some text......");
+    WriteFileBytes(notADatabase, "this is not a database file at all, just some text......");
     error.Empty();
     auto other = CreateSQLiteCutbaseDatabase();
     if (other->Open(CString(notADatabase.c_str()), error)) {

@@ -3,12 +3,12 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "EnvironmentTestSupport.h"
-#include "core/OrvHostCallbacks.h"
+#include "support/EnvironmentTest.h"
 #include "environment/CKelEnvApp.h"
-#include "environment/OrvAppEnv.h"
 #include "frame/CKelVersionInfo.h"
 #include "frame/FeatureSwitches.h"
+#include "environment/OrvAppEnv.h"
+#include "core/OrvHostCallbacks.h"
 
 namespace {
 
@@ -27,10 +27,10 @@ protected:
             unsetenv(name);
         setenv("LANG", "en_US.UTF-8", 1);
         m_install = Folder("install");
-        WriteFile(m_install + "lang/English/KELRESu.DLL", "58237=English\n2553=Note\n");
-        WriteFile(m_install + "lang/French/KELRESu.DLL", "58237=French\n");
-        WriteFile(m_install + "Cutbase/database.config", kConfig);
-        WriteFile(m_install + "Cutbase/Cutbase.keldb", "");
+        WriteFileBytes(m_install + "lang/English/KELRESu.DLL", "58237=English\n2553=Note\n");
+        WriteFileBytes(m_install + "lang/French/KELRESu.DLL", "58237=French\n");
+        WriteFileBytes(m_install + "Cutbase/database.config", kConfig);
+        WriteFileBytes(m_install + "Cutbase/Cutbase.keldb", "");
         CKelEnvApp::SetModuleFilePathOverride(CString((m_install + "libKELSHAREu.so").c_str()));
         SetHaldenLangName(L"english");
     }
@@ -144,8 +144,8 @@ TEST_F(EnvAppTest, HostLanguageWords) {
 }
 
 TEST_F(EnvAppTest, SystemLanguageDecidesWithoutAHostRow) {
-    WriteFile(m_install + "lang/Greek/KELRESu.DLL", "58237=Greek\n");
-    WriteFile(m_install + "lang/German/KELRESu.DLL", "58237=German\n");
+    WriteFileBytes(m_install + "lang/Greek/KELRESu.DLL", "58237=Greek\n");
+    WriteFileBytes(m_install + "lang/German/KELRESu.DLL", "58237=German\n");
     SetHaldenLangName(L"greek"); // no row: the name stays "Automatic"
     setenv("LANG", "el_GR.UTF-8", 1);
     EXPECT_EQ(InitAppEnv()->GetCutbaseLang(), ORV_LANG_GREEK);
@@ -181,20 +181,20 @@ TEST_F(EnvAppTest, DatabaseResultCodes) {
     EXPECT_EQ(InitAppEnv()->GetEnvAPPInitResult(), 1); // file of the active record missing
 
     const std::string broken = "<configuration><applicationSettings><setting";
-    WriteFile(m_install + "Cutbase/database.config", broken);
+    WriteFileBytes(m_install + "Cutbase/database.config", broken);
     CKelEnvApp* env = Restart(); // a new object with a new result
     EXPECT_EQ(env->GetEnvAPPInitResult(), 2);
     EXPECT_EQ(env->GetActiveCutbaseConfigData(), nullptr);
     EXPECT_EQ(env->GetActiveDBname(), CString());
-    EXPECT_EQ(ReadFile(m_install + "Cutbase/database.config"), broken);
+    EXPECT_EQ(ReadFileBytes(m_install + "Cutbase/database.config"), broken);
 }
 
 TEST_F(EnvAppTest, SqlServerRecord) {
-    WriteFile(m_install + "Cutbase/database.config",
-              "<c><applicationSettings><!--x-->"
-              "<setting databaseType=\"sql\" Default=\"True\"><serverID>S</serverID>"
-              "<databaseName>D</databaseName><authenticationMode>windows</authenticationMode>"
-              "</setting></applicationSettings></c>");
+    WriteFileBytes(m_install + "Cutbase/database.config",
+                   "<c><applicationSettings><!--x-->"
+                   "<setting databaseType=\"sql\" Default=\"True\"><serverID>S</serverID>"
+                   "<databaseName>D</databaseName><authenticationMode>windows</authenticationMode>"
+                   "</setting></applicationSettings></c>");
     CKelEnvApp* env = InitAppEnv();
     EXPECT_EQ(env->GetEnvAPPInitResult(), 0);
     EXPECT_EQ(env->IsConnectedToCutbaseSQL(), 1);
@@ -214,12 +214,12 @@ TEST_F(EnvAppTest, MissingInstallTreeStillCompletes) {
 }
 
 TEST_F(EnvAppTest, UnwritableRegistryStillCompletes) {
-    WriteFile((m_root / "blocker").string(), "a file, not a folder");
+    WriteFileBytes((m_root / "blocker").string(), "a file, not a folder");
     setenv("ORV_REGISTRY_DIR", (m_root / "blocker" / "registry").c_str(), 1);
     CKelEnvApp* env = InitAppEnv();
     EXPECT_EQ(env->GetEnvAPPInitResult(), 0);
     EXPECT_EQ(env->GetKelDataPath(), Install());
-    EXPECT_EQ(ReadFile(m_install + "Cutbase/database.config"), kConfig);
+    EXPECT_EQ(ReadFileBytes(m_install + "Cutbase/database.config"), kConfig);
 }
 
 TEST_F(EnvAppTest, ControllerPathFromTheMachineIsCopiedToTheUser) {
@@ -236,7 +236,7 @@ TEST_F(EnvAppTest, WritingTheConfigurationBack) {
     EXPECT_EQ(env->WriteDBConfigData(), 1); // a comment and one setting: count + 1 children
     std::string expected = kConfig;
     expected.replace(expected.find("Default=\"True\""), 14, "Default=\"False\"");
-    EXPECT_EQ(ReadFile(m_install + "Cutbase/database.config"), expected);
+    EXPECT_EQ(ReadFileBytes(m_install + "Cutbase/database.config"), expected);
     EXPECT_EQ(env->UpdateCutbaseConfigInfo(), 1);
     EXPECT_EQ(env->GetActiveCutbaseConfigData()->m_ActiveFlag, 0); // the last record still serves
 }

@@ -1,7 +1,10 @@
 // The document accessors: the message each sends, and the answers without a document.
 #include <gtest/gtest.h>
 
-#include "../objects/TestDocument.h"
+#include <cstdint>
+#include <vector>
+
+#include "addin/NodeDocument.h"
 #include "core/OrvDocAccessors.h"
 
 namespace {
@@ -15,6 +18,23 @@ void RegisterNoDocument() {
                            nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                            nullptr, nullptr, nullptr, nullptr, nullptr);
 }
+
+// The add-in's document, recording every message it is sent.
+class RecordingDocument : public NodeDocument {
+public:
+    struct Message {
+        ORV_CORE_MESSAGE_ID id;
+        unsigned long long param;
+        long long extra;
+    };
+    std::vector<Message> m_Messages;
+
+    int SendOrvCoreMessage(ORV_CORE_MESSAGE_ID id, unsigned long long param,
+                           long long extra) override {
+        m_Messages.push_back({id, param, extra});
+        return NodeDocument::SendOrvCoreMessage(id, param, extra);
+    }
+};
 
 unsigned long long AddressOf(const void* p) {
     return static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(p));
@@ -47,12 +67,10 @@ TEST(DocAccessorsWithoutDocumentDeathTest, StorageUnitsAssumeADocument) {
 
 class DocAccessors : public ::testing::Test {
 protected:
-    void SetUp() override {
-        TestDocument::Register();
-        doc().m_Messages.clear();
-        doc().m_StorageUnits = 0.0f;
-    }
-    static TestDocument& doc() { return TestDocument::Active(); }
+    void SetUp() override { NodeDocument::Activate(&m_document); }
+    void TearDown() override { NodeDocument::Activate(nullptr); }
+    RecordingDocument& doc() { return m_document; }
+    RecordingDocument m_document;
 };
 
 TEST_F(DocAccessors, StorageUnitsOfZeroCountAsVersion40) {
@@ -83,7 +101,7 @@ TEST_F(DocAccessors, EachQuerySendsItsMessage) {
     EXPECT_EQ(IsDocumentModified(), 1);
     EXPECT_EQ(GetDocumentUnits(), 3);
     EXPECT_EQ(GetDocTitle(), L"Part1");
-    EXPECT_EQ(IsDocumentUnitsMm(), 0); // the document does not answer: the variable stays 0
+    EXPECT_EQ(IsDocumentUnitsMm(), 0); // unit code 3 is not millimetres
     EXPECT_EQ(IsFEATTreeActive(), 0);
     EXPECT_EQ(IsOPERTreeActive(), 0);
     EXPECT_EQ(IsToolTreeActive(), 0);
@@ -115,7 +133,7 @@ TEST_F(DocAccessors, RemoveNodePassesThePointerItself) {
 }
 
 TEST_F(DocAccessors, ModifiedFlagGoesToTheGivenDocumentFirst) {
-    TestDocument other;
+    RecordingDocument other;
     SetDocumentModifiedFlag(1, &other);
     EXPECT_EQ(other.m_Modified, 1);
     EXPECT_TRUE(doc().m_Messages.empty());

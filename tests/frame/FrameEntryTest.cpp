@@ -9,7 +9,7 @@
 #include "frame/OrvShareDll.h"
 #include "mfc/CString.h"
 #include "settings/OrvSettingsKey.h"
-#include "support/TempRegistryDir.h"
+#include "support/TempRegistry.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "GeometryTestSupport.h"
 #include "geometry/AFR_Lin_List.h"
 #include "geometry/FRBox.h"
+#include "support/GeometryExpect.h"
 
 TEST(FRBoxTest, CornersAndRanges) {
     const FRBox box(FRInterval(-1, 2), FRInterval(0, 5), FRInterval(3, 4));

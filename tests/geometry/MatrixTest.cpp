@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "GeometryTestSupport.h"
 #include "geometry/FRMatrix.h"
+#include "support/GeometryExpect.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 
 #include <random>
 
-#include "GeometryTestSupport.h"
 #include "geometry/FRConstants.h"
 #include "geometry/FRTransf.h"
+#include "support/GeometryExpect.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "GeometryTestSupport.h"
 #include "geometry/FRConstants.h"
 #include "geometry/FRTransf.h"
+#include "support/GeometryExpect.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "GeometryTestSupport.h"
 #include "geometry/FRConstants.h"
 #include "geometry/FRPosition.h"
 #include "geometry/FRUnitVector.h"
+#include "support/GeometryExpect.h"
 
 TEST(FRVectorTest, CrossAndDotProducts) {
     ExpectNear(FRVector(1, 0, 0) * FRVector(0, 1, 0), FRVector(0, 0, 1));

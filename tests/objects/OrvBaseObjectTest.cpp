@@ -2,11 +2,11 @@
 // declared node's defaults.
 #include <gtest/gtest.h>
 
-#include "../settings/ArchiveBytes.h"
-#include "../settings/SettingsTestSupport.h"
-#include "TestDocument.h"
+#include "addin/NodeDocument.h"
 #include "core/OrvBaseObject.h"
 #include "objects/OrvObject.h"
+#include "support/ArchiveBytes.h"
+#include "support/ArchiveRoundTrip.h"
 
 // Records the schema that the base part leaves for it.
 class SchemaProbe : public OrvBaseObject {
@@ -25,10 +25,10 @@ namespace {
 
 class OrvBaseObjectArchive : public ::testing::Test {
 protected:
-    void SetUp() override { TestDocument::Register(); }
-    static void SetStorageVersion(float version) {
-        TestDocument::Active().m_StorageUnits = version;
-    }
+    void SetUp() override { NodeDocument::Activate(&m_document); }
+    void TearDown() override { NodeDocument::Activate(nullptr); }
+    void SetStorageVersion(float version) { m_document.m_StorageUnits = version; }
+    NodeDocument m_document;
 };
 
 TEST_F(OrvBaseObjectArchive, StoringWritesTheClassTag) {
@@ -99,7 +99,7 @@ TEST_F(OrvBaseObjectArchive, TagOfAnotherClassIsRefused) {
 }
 
 TEST(OrvBaseObjectDeathTest, LoadingWithoutADocumentFaults) {
-    TestDocument::Register(false);
+    NodeDocument::Activate(nullptr); // the active-document slot answers no document
     ArchiveBytes b;
     b.NewClass("SchemaProbe", 1).NewClass("OrvBaseObject", 2);
     std::size_t left = 0;

@@ -2,10 +2,10 @@
 // damaged input.
 #include <gtest/gtest.h>
 
-#include "../objects/TestDocument.h"
-#include "ArchiveBytes.h"
-#include "SettingsTestSupport.h"
+#include "addin/NodeDocument.h"
 #include "settings/OrvSettingsKey.h"
+#include "support/ArchiveBytes.h"
+#include "support/ArchiveRoundTrip.h"
 
 // A group whose constructor is its table of defaults, as the catalogue's groups are.
 class TestSettingsGroup : public OrvSettingsKey {
@@ -83,10 +83,9 @@ std::vector<std::uint8_t> NineBytes() {
 
 class SettingsArchiveTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        TestDocument::Register();
-        TestDocument::Active().m_StorageUnits = 0.0f; // counts as storage version 40
-    }
+    void SetUp() override { NodeDocument::Activate(&m_document); } // storage units 0: version 40
+    void TearDown() override { NodeDocument::Activate(nullptr); }
+    NodeDocument m_document;
 };
 
 TEST_F(SettingsArchiveTest, KeyWithOneValueOfEachTypeStoresTheDocumentedBytes) {
@@ -203,7 +202,7 @@ TEST_F(SettingsArchiveTest, StoredMillFeatureCreationStyleIsKept) {
 }
 
 TEST_F(SettingsArchiveTest, DocumentOfStorageVersionSixHasNoBaseClassTags) {
-    TestDocument::Active().m_StorageUnits = 6.0f;
+    m_document.m_StorageUnits = 6.0f;
     ArchiveBytes b;
     b.Count(1).NewClass("OrvIntValue", 1).String(L"Keep").Int(3);
     TestSettingsRoot root;

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
-#include "RegistryFixture.h"
 #include "settings/OrvSettingsKey.h"
+#include "support/TempRegistry.h"
 
 namespace {
 
@@ -25,6 +25,9 @@ struct Ints {
 };
 
 // Each test works under a key path of its own.
+// The program's own registry, for every test.
+TempRegistryDir g_registry;
+
 std::wstring PathFor(const char* test) {
     return L"Software\\OrvTest\\" + std::wstring(CString(test).GetString());
 }

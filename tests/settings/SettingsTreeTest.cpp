@@ -9,6 +9,7 @@
 #include "settings/OrvIntValue.h"
 #include "settings/OrvSettingsKey.h"
 #include "settings/OrvStringValue.h"
+#include "support/DumpCapture.h"
 
 namespace {
 
@@ -186,27 +187,6 @@ TEST(SettingsMerge, OneLevelByNameWithTheMillFeatureException) {
     EXPECT_TRUE(defaults.IsEmpty());
 }
 
-// The dump's text, read back from a temporary file.
-template <class Dump> std::string DumpText(Dump dump) {
-    FILE* file = std::tmpfile();
-    dump(file);
-    std::rewind(file);
-    std::string text;
-    char buffer[4096];
-    std::size_t got;
-    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
-        text.append(buffer, got);
-    std::fclose(file);
-    return text;
-}
-
-const std::string kBar28 = "============================";
-const std::string kBar32 = "================================";
-
-std::string Banner(const std::string& word, const std::string& which) {
-    return "\n" + kBar28 + " " + word + " " + which + " " + kBar32 + "\n";
-}
-
 TEST(SettingsDump, KeyDumpsItsHeaderThenEachChild) {
     OrvSettingsKey key(L"Key", L"Software\\X");
     key.AddValue(L"N", 5);
@@ -218,7 +198,7 @@ TEST(SettingsDump, KeyDumpsItsHeaderThenEachChild) {
         "\n m_List count: 1\n" + Banner("OrvIntValue", "Start") + "\n m_Data: 5" +
         Banner("OrvIntValue", "End") + "\nDumping for m_List End\n" +
         Banner("OrvSettingsKey", "End");
-    EXPECT_EQ(DumpText([&](FILE* f) { key.DumpData(f); }), expected);
+    EXPECT_EQ(CaptureDump([&](FILE* f) { key.DumpData(f); }), expected);
 }
 
 TEST(SettingsDump, EachValueClassWritesItsOwnLine) {
@@ -243,7 +223,7 @@ TEST(SettingsDump, EachValueClassWritesItsOwnLine) {
         Banner("OrvDoubleStrValue", "End") + Banner("OrvTimeValue", "Start") +
         Banner("OrvTimeValue", "End") + Banner("OrvIntArrayValue", "Start") +
         Banner("OrvIntArrayValue", "End");
-    std::string text = DumpText([&](FILE* f) { key.DumpData(f); });
+    std::string text = CaptureDump([&](FILE* f) { key.DumpData(f); });
     // Cut the values' part out of the key's dump: from the first value banner to the int value.
     const std::size_t from = text.find(Banner("OrvDoubleValue", "Start"));
     const std::size_t to = text.find("\n m_List count: 7\n");
@@ -262,9 +242,9 @@ TEST(SettingsDump, PlainValueDumpsItsNameAndNullFileWritesNothing) {
     public:
         PlainValue() : OrvSettingsValue(L"Plain") {}
     } plain;
-    EXPECT_EQ(DumpText([&](FILE* f) { plain.DumpData(f); }), Banner("OrvSettingsValue", "Start") +
-                                                                 "\n m_Name: Plain" +
-                                                                 Banner("OrvSettingsValue", "End"));
+    EXPECT_EQ(CaptureDump([&](FILE* f) { plain.DumpData(f); }),
+              Banner("OrvSettingsValue", "Start") + "\n m_Name: Plain" +
+                  Banner("OrvSettingsValue", "End"));
     OrvSettingsKey key(L"K", L"P");
     key.AddValue(L"I", 1);
     key.DumpData(nullptr);

@@ -3,10 +3,10 @@
 #include <cstdlib>
 #include <vector>
 
-#include "../geometry/GeometryTestSupport.h"
 #include "mfc/CArchive.h"
 #include "mfc/CException.h"
 #include "mfc/CMemFile.h"
+#include "support/GeometryExpect.h"
 #include "util/GeometryArchive.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "../geometry/GeometryTestSupport.h"
 #include "geometry/FRConstants.h"
+#include "support/GeometryExpect.h"
 #include "util/GeometryHelpers.h"
 #include "util/OrvCorrectionForRESNOR.h"
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <random>
 
-#include "../geometry/GeometryTestSupport.h"
 #include "geometry/FRConstants.h"
+#include "support/GeometryExpect.h"
 #include "util/OrvCorrectionForRESNOR.h"
 #include "util/TransformHelpers.h"
 

@@ -4,7 +4,8 @@
 
 #include <string>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
 
 // Class names of 63 and 64 characters: a description holds at most 63.
 class C12345678901234567890123456789012345678901234567890123456789012 : public CObject {
@@ -52,74 +53,74 @@ TEST_F(ArchiveDamage, TruncatedAtEveryLengthOfTheWorkedExample) {
         // A class name cut short is an unknown class, as in MFC; everything else ran out of data.
         const int expected =
             cut >= 6 && cut <= 10 ? CArchiveException::badClass : CArchiveException::endOfFile;
-        EXPECT_EQ(LoadFailure(Bytes(full.begin(), full.begin() + static_cast<long>(cut)), ReadNode),
+        EXPECT_EQ(LoadCause(Bytes(full.begin(), full.begin() + static_cast<long>(cut)), ReadNode),
                   expected);
         EXPECT_TRUE(CNode::Live().empty()) << "objects of a failed load were not deleted";
     }
 }
 
 TEST_F(ArchiveDamage, IndexesOutOfRange) {
-    EXPECT_EQ(LoadFailure(Hex("03 00"), ReadNode), CArchiveException::badIndex);
-    EXPECT_EQ(LoadFailure(Hex("05 80"), ReadNode), CArchiveException::badIndex);
-    EXPECT_EQ(LoadFailure(Hex("00 80"), ReadNode), CArchiveException::badIndex);
-    EXPECT_EQ(LoadFailure(Hex("FF 7F 09 00 00 00"), ReadNode), CArchiveException::badIndex);
-    EXPECT_EQ(LoadFailure(Hex("FF 7F 09 00 00 80"), ReadNode), CArchiveException::badIndex);
+    EXPECT_EQ(LoadCause(Hex("03 00"), ReadNode), CArchiveException::badIndex);
+    EXPECT_EQ(LoadCause(Hex("05 80"), ReadNode), CArchiveException::badIndex);
+    EXPECT_EQ(LoadCause(Hex("00 80"), ReadNode), CArchiveException::badIndex);
+    EXPECT_EQ(LoadCause(Hex("FF 7F 09 00 00 00"), ReadNode), CArchiveException::badIndex);
+    EXPECT_EQ(LoadCause(Hex("FF 7F 09 00 00 80"), ReadNode), CArchiveException::badIndex);
     // A reference from inside an object to a slot not yet filled.
-    EXPECT_EQ(LoadFailure(Hex(std::string(kNodeHead) + "03 00"), ReadNode),
+    EXPECT_EQ(LoadCause(Hex(std::string(kNodeHead) + "03 00"), ReadNode),
               CArchiveException::badIndex);
     EXPECT_TRUE(CNode::Live().empty());
 }
 
 TEST_F(ArchiveDamage, ObjectTagOnAClassSlotAndClassTagOnAnObjectSlot) {
-    EXPECT_EQ(LoadFailure(Hex(std::string(kNodeHead) + "01 00"), ReadNode),
+    EXPECT_EQ(LoadCause(Hex(std::string(kNodeHead) + "01 00"), ReadNode),
               CArchiveException::badIndex);
-    EXPECT_EQ(LoadFailure(Hex(std::string(kNodeHead) + "02 80"), ReadNode),
+    EXPECT_EQ(LoadCause(Hex(std::string(kNodeHead) + "02 80"), ReadNode),
               CArchiveException::badIndex);
     EXPECT_TRUE(CNode::Live().empty());
 }
 
 TEST_F(ArchiveDamage, ObjectTagWhereOnlyAClassMayStand) {
-    Load(Hex("FF FF 01 00 06 00 43 4F 74 68 65 72"),
-         [](CArchive& ar) { ar.SerializeClass(RUNTIME_CLASS(COther)); });
+    LoadBytes(Hex("FF FF 01 00 06 00 43 4F 74 68 65 72"),
+              [](CArchive& ar) { ar.SerializeClass(RUNTIME_CLASS(COther)); });
     EXPECT_EQ(
-        LoadFailure(Hex("00 00"), [](CArchive& ar) { ar.SerializeClass(RUNTIME_CLASS(COther)); }),
+        LoadCause(Hex("00 00"), [](CArchive& ar) { ar.SerializeClass(RUNTIME_CLASS(COther)); }),
         CArchiveException::badIndex);
 }
 
 TEST_F(ArchiveDamage, UnknownAndOverlongClassNames) {
-    EXPECT_EQ(LoadFailure(Hex("FF FF 01 00 05 00 43 4E 6F 70 65"), ReadNode),
+    EXPECT_EQ(LoadCause(Hex("FF FF 01 00 05 00 43 4E 6F 70 65"), ReadNode),
               CArchiveException::badClass);
     // Made without SERIAL: not a class an archive may name.
-    EXPECT_EQ(LoadFailure(Description("CDynamicOnly"),
-                          [](CArchive& ar) { delete ar.ReadObject(nullptr); }),
-              CArchiveException::badClass);
+    EXPECT_EQ(
+        LoadCause(Description("CDynamicOnly"), [](CArchive& ar) { delete ar.ReadObject(nullptr); }),
+        CArchiveException::badClass);
 
     const std::string name63 = "C12345678901234567890123456789012345678901234567890123456789012";
     const std::string name64 = "C123456789012345678901234567890123456789012345678901234567890123";
     ASSERT_EQ(name63.size(), 63u);
     ASSERT_EQ(name64.size(), 64u);
-    Load(Description(name63), [](CArchive& ar) {
+    LoadBytes(Description(name63), [](CArchive& ar) {
         CObject* p = ar.ReadObject(nullptr);
         EXPECT_TRUE(p->IsKindOf(
             RUNTIME_CLASS(C12345678901234567890123456789012345678901234567890123456789012)));
         delete p;
     });
-    EXPECT_EQ(LoadFailure(Description(name64), [](CArchive& ar) { delete ar.ReadObject(nullptr); }),
+    EXPECT_EQ(LoadCause(Description(name64), [](CArchive& ar) { delete ar.ReadObject(nullptr); }),
               CArchiveException::badClass);
 }
 
 TEST_F(ArchiveDamage, SchemaMismatchOfANonVersionableClass) {
-    EXPECT_EQ(LoadFailure(Hex("FF FF 02 00 05 00 43 4E 6F 64 65 05 00 00 00 FF FE FF 00 00 00"),
-                          ReadNode),
-              CArchiveException::badSchema);
+    EXPECT_EQ(
+        LoadCause(Hex("FF FF 02 00 05 00 43 4E 6F 64 65 05 00 00 00 FF FE FF 00 00 00"), ReadNode),
+        CArchiveException::badSchema);
 }
 
 TEST_F(ArchiveDamage, ClassNotDerivedFromTheOneAskedFor) {
-    EXPECT_EQ(LoadFailure(Hex("FF FF 01 00 06 00 43 4F 74 68 65 72 01 80"), ReadNode),
+    EXPECT_EQ(LoadCause(Hex("FF FF 01 00 06 00 43 4F 74 68 65 72 01 80"), ReadNode),
               CArchiveException::badClass);
     // Asking for the derived class when the stream holds the base.
-    EXPECT_EQ(LoadFailure(Hex(std::string(kNodeHead) + "00 00"),
-                          [](CArchive& ar) { ar.ReadObject(RUNTIME_CLASS(CLeaf)); }),
+    EXPECT_EQ(LoadCause(Hex(std::string(kNodeHead) + "00 00"),
+                        [](CArchive& ar) { ar.ReadObject(RUNTIME_CLASS(CLeaf)); }),
               CArchiveException::badClass);
     EXPECT_TRUE(CNode::Live().empty());
 }

@@ -3,7 +3,8 @@
 
 #include <memory>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
 
 namespace {
 
@@ -27,10 +28,10 @@ TEST_F(ArchiveObjects, WorkedExampleByteForByte) {
     auto* pB = new CNode(7, L"");
     pA->m_pNext = pB;
     pB->m_pNext = pA;
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << pA; }), Hex(kWorkedExample));
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { ar << pA; }), Hex(kWorkedExample));
     CNode::DeleteAll();
 
-    Load(Hex(kWorkedExample), [](CArchive& ar) {
+    LoadBytes(Hex(kWorkedExample), [](CArchive& ar) {
         CNode* pA = nullptr;
         ar >> pA;
         ASSERT_NE(pA, nullptr);
@@ -50,15 +51,15 @@ TEST_F(ArchiveObjects, NullNewClassOldClassAndBackReference) {
     auto* pB = new CLeaf;
     pB->m_n = 2;
     auto* pC = new CNode(3, L"");
-    const Bytes bytes =
-        Stored([&](CArchive& ar) { ar << static_cast<CObject*>(nullptr) << pA << pB << pC << pA; });
+    const Bytes bytes = StoreBytes(
+        [&](CArchive& ar) { ar << static_cast<CObject*>(nullptr) << pA << pB << pC << pA; });
     EXPECT_EQ(bytes, Hex("00 00"
                          " FF FF 01 00 05 00 43 4E 6F 64 65 01 00 00 00 FF FE FF 00 00 00"
                          " FF FF 01 00 05 00 43 4C 65 61 66 02 00 00 00 FF FE FF 00 00 00"
                          " 01 80 03 00 00 00 FF FE FF 00 00 00"
                          " 02 00"));
     CNode::DeleteAll();
-    Load(bytes, [](CArchive& ar) {
+    LoadBytes(bytes, [](CArchive& ar) {
         CObject* pNull = reinterpret_cast<CObject*>(1);
         CNode *pA, *pB, *pC, *pAgain;
         ar >> pNull >> pA >> pB >> pC >> pAgain;
@@ -73,13 +74,13 @@ TEST_F(ArchiveObjects, NullNewClassOldClassAndBackReference) {
 }
 
 TEST_F(ArchiveObjects, BackReferenceOfTheWrongKindIsBadClass) {
-    EXPECT_EQ(LoadFailure(Hex("FF FF 01 00 05 00 43 4E 6F 64 65 01 00 00 00 FF FE FF 00 00 00"
-                              " 02 00"),
-                          [](CArchive& ar) {
-                              CNode* pNode;
-                              ar >> pNode;
-                              ar.ReadObject(RUNTIME_CLASS(CLeaf));
-                          }),
+    EXPECT_EQ(LoadCause(Hex("FF FF 01 00 05 00 43 4E 6F 64 65 01 00 00 00 FF FE FF 00 00 00"
+                            " 02 00"),
+                        [](CArchive& ar) {
+                            CNode* pNode;
+                            ar >> pNode;
+                            ar.ReadObject(RUNTIME_CLASS(CLeaf));
+                        }),
               CArchiveException::badClass);
 }
 
@@ -93,13 +94,13 @@ TEST_F(ArchiveObjects, BigIndexesEscapeToDoubleWords) {
             ar.MapObject(&mapped[i]);
         ar << pA << pA << pB << &mapped[0x7FFD];
     };
-    const Bytes bytes = Stored(writeAll);
+    const Bytes bytes = StoreBytes(writeAll);
     EXPECT_EQ(bytes, Hex("FF FF 01 00 05 00 43 4E 6F 64 65 01 00 00 00 FF FE FF 00 00 00"
                          " FF 7F 00 80 00 00"
                          " FF 7F FF 7F 00 80 02 00 00 00 FF FE FF 00 00 00"
                          " FE 7F"));
     CNode::DeleteAll();
-    Load(bytes, [&](CArchive& ar) {
+    LoadBytes(bytes, [&](CArchive& ar) {
         for (int i = 0; i < 0x7FFE; ++i)
             ar.MapObject(&mapped[i]);
         CNode *pA, *pAgain, *pB;
@@ -115,7 +116,7 @@ TEST_F(ArchiveObjects, IndexJustBelowTheEscapeIsAWord) {
     const auto mapped = std::make_unique<COther[]>(0x7FFC);
     auto* pA = new CNode(1, L"");
     auto* pB = new CNode(2, L"");
-    const Bytes bytes = Stored([&](CArchive& ar) {
+    const Bytes bytes = StoreBytes([&](CArchive& ar) {
         for (int i = 0; i < 0x7FFC; ++i)
             ar.MapObject(&mapped[i]);
         ar << pA << pA << pB;
@@ -128,9 +129,9 @@ TEST_F(ArchiveObjects, IndexJustBelowTheEscapeIsAWord) {
 
 TEST_F(ArchiveObjects, SerializeClassWritesAClassTag) {
     COther other;
-    const Bytes bytes = Stored([&](CArchive& ar) { ar << &other; });
+    const Bytes bytes = StoreBytes([&](CArchive& ar) { ar << &other; });
     EXPECT_EQ(bytes, Hex("FF FF 01 00 06 00 43 4F 74 68 65 72 01 80"));
-    Load(bytes, [](CArchive& ar) {
+    LoadBytes(bytes, [](CArchive& ar) {
         std::unique_ptr<CObject> p(ar.ReadObject(RUNTIME_CLASS(COther)));
         EXPECT_TRUE(p->IsKindOf(RUNTIME_CLASS(COther)));
     });
@@ -139,11 +140,11 @@ TEST_F(ArchiveObjects, SerializeClassWritesAClassTag) {
 TEST_F(ArchiveObjects, VersionableSchemaReachesSerializeOnceAndIsRemembered) {
     CVersioned own;
     // The versionable bit is not written: schema 3.
-    EXPECT_EQ(Stored([&](CArchive& ar) { ar << &own; }),
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { ar << &own; }),
               Hex("FF FF 03 00 0A 00 43 56 65 72 73 69 6F 6E 65 64"));
 
     // An older document at schema 2, two objects of the class.
-    Load(Hex("FF FF 02 00 0A 00 43 56 65 72 73 69 6F 6E 65 64 01 80"), [](CArchive& ar) {
+    LoadBytes(Hex("FF FF 02 00 0A 00 43 56 65 72 73 69 6F 6E 65 64 01 80"), [](CArchive& ar) {
         EXPECT_EQ(ar.GetObjectSchema(), 0xFFFFFFFFu);
         std::unique_ptr<CObject> p1(ar.ReadObject(nullptr));
         std::unique_ptr<CObject> p2(ar.ReadObject(nullptr));
@@ -155,14 +156,14 @@ TEST_F(ArchiveObjects, VersionableSchemaReachesSerializeOnceAndIsRemembered) {
         EXPECT_EQ(ar.GetObjectSchema(), 0xFFFFFFFFu);
     });
     // The current version loads with its own schema.
-    Load(Hex("FF FF 03 00 0A 00 43 56 65 72 73 69 6F 6E 65 64"), [](CArchive& ar) {
+    LoadBytes(Hex("FF FF 03 00 0A 00 43 56 65 72 73 69 6F 6E 65 64"), [](CArchive& ar) {
         std::unique_ptr<CObject> p(ar.ReadObject(RUNTIME_CLASS(CVersioned)));
         EXPECT_EQ(static_cast<CVersioned*>(p.get())->m_firstSchema, 3u);
     });
 }
 
 TEST_F(ArchiveObjects, SerializeClassOnLoadSetsTheObjectSchema) {
-    Load(Hex("FF FF 01 00 06 00 43 4F 74 68 65 72"), [](CArchive& ar) {
+    LoadBytes(Hex("FF FF 01 00 06 00 43 4F 74 68 65 72"), [](CArchive& ar) {
         ar.SerializeClass(RUNTIME_CLASS(COther));
         EXPECT_EQ(ar.GetObjectSchema(), 1u);
         EXPECT_EQ(ar.GetObjectSchema(), 0xFFFFFFFFu);
@@ -173,12 +174,12 @@ TEST_F(ArchiveObjects, SerializeClassOnLoadSetsTheObjectSchema) {
 
 TEST_F(ArchiveObjects, MapObjectNumbersWithoutWriting) {
     COther known;
-    const Bytes bytes = Stored([&](CArchive& ar) {
+    const Bytes bytes = StoreBytes([&](CArchive& ar) {
         ar.MapObject(&known);
         ar << &known;
     });
     EXPECT_EQ(bytes, Hex("01 00"));
-    Load(bytes, [&](CArchive& ar) {
+    LoadBytes(bytes, [&](CArchive& ar) {
         ar.MapObject(&known);
         CObject* p;
         ar >> p;
@@ -191,14 +192,14 @@ TEST_F(ArchiveObjects, ClassesWithoutSerialCannotBeWrittenOrAskedFor) {
     EXPECT_THROW(
         {
             try {
-                Stored([&](CArchive& ar) { ar << &dynamicOnly; });
+                StoreBytes([&](CArchive& ar) { ar << &dynamicOnly; });
             } catch (CNotSupportedException* e) {
                 e->Delete();
                 throw 1;
             }
         },
         int);
-    EXPECT_EQ(LoadFailure(Hex(kWorkedExample),
-                          [](CArchive& ar) { ar.ReadObject(RUNTIME_CLASS(CObject)); }),
-              -2);
+    EXPECT_EQ(
+        LoadCause(Hex(kWorkedExample), [](CArchive& ar) { ar.ReadObject(RUNTIME_CLASS(CObject)); }),
+        -2);
 }

@@ -1,10 +1,11 @@
 // Scalars, counts, raw bytes, buffering and the archive's modes.
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
 
 TEST(ArchiveScalars, EachTypeHasItsWindowsWidthLittleEndian) {
-    const Bytes bytes = Stored([](CArchive& ar) {
+    const Bytes bytes = StoreBytes([](CArchive& ar) {
         ar << BYTE(0xAB) << 'A' << true << false << WORD(0x1234) << short(-2) << wchar_t(0xE9)
            << int(-1) << unsigned(0x12345678) << long(-2) << static_cast<unsigned long>(0xFFFFFFFF)
            << 0x0102030405060708LL << 1.0f << -2.5;
@@ -13,7 +14,7 @@ TEST(ArchiveScalars, EachTypeHasItsWindowsWidthLittleEndian) {
                          " FF FF FF FF 08 07 06 05 04 03 02 01 00 00 80 3F"
                          " 00 00 00 00 00 00 04 C0"));
 
-    Load(bytes, [](CArchive& ar) {
+    LoadBytes(bytes, [](CArchive& ar) {
         BYTE by;
         char ch;
         bool b1, b2;
@@ -48,8 +49,9 @@ TEST(ArchiveScalars, EachTypeHasItsWindowsWidthLittleEndian) {
 TEST(ArchiveScalars, WindowsNamedSixtyFourBitTypesTakeEightBytes) {
     // LONGLONG and ULONGLONG must not be the 4-byte long of this platform.
     try {
-        EXPECT_EQ(Stored([](CArchive& ar) { ar << LONGLONG(-2); }), Hex("FE FF FF FF FF FF FF FF"));
-        EXPECT_EQ(Stored([](CArchive& ar) { ar << ULONGLONG(0x100000000ULL); }),
+        EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << LONGLONG(-2); }),
+                  Hex("FE FF FF FF FF FF FF FF"));
+        EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << ULONGLONG(0x100000000ULL); }),
                   Hex("00 00 00 00 01 00 00 00"));
     } catch (CException* e) {
         e->Delete();
@@ -58,7 +60,7 @@ TEST(ArchiveScalars, WindowsNamedSixtyFourBitTypesTakeEightBytes) {
 }
 
 TEST(ArchiveScalars, BoolLoadsAnyNonZeroByteAsTrue) {
-    Load(Hex("7F"), [](CArchive& ar) {
+    LoadBytes(Hex("7F"), [](CArchive& ar) {
         bool b = false;
         ar >> b;
         EXPECT_TRUE(b);
@@ -66,10 +68,10 @@ TEST(ArchiveScalars, BoolLoadsAnyNonZeroByteAsTrue) {
 }
 
 TEST(ArchiveScalars, LongThatDoesNotFitFourBytesIsAnError) {
-    EXPECT_EQ(Stored([](CArchive& ar) { ar << long(-2147483647 - 1); }), Hex("00 00 00 80"));
+    EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << long(-2147483647 - 1); }), Hex("00 00 00 80"));
     const auto failure = [](const std::function<void(CArchive&)>& write) {
         try {
-            Stored(write);
+            StoreBytes(write);
         } catch (CArchiveException* e) {
             const int cause = e->m_cause;
             e->Delete();
@@ -86,13 +88,13 @@ TEST(ArchiveScalars, LongThatDoesNotFitFourBytesIsAnError) {
 }
 
 TEST(ArchiveScalars, ShortTypedReadThrowsEndOfFileButRawReadAnswersTheCount) {
-    EXPECT_EQ(LoadFailure(Hex("01 02"),
-                          [](CArchive& ar) {
-                              int i;
-                              ar >> i;
-                          }),
+    EXPECT_EQ(LoadCause(Hex("01 02"),
+                        [](CArchive& ar) {
+                            int i;
+                            ar >> i;
+                        }),
               CArchiveException::endOfFile);
-    Load(Hex("01 02"), [](CArchive& ar) {
+    LoadBytes(Hex("01 02"), [](CArchive& ar) {
         BYTE buffer[4] = {};
         EXPECT_EQ(ar.Read(buffer, 4), 2u);
         EXPECT_EQ(buffer[1], 0x02);
@@ -101,10 +103,10 @@ TEST(ArchiveScalars, ShortTypedReadThrowsEndOfFileButRawReadAnswersTheCount) {
 }
 
 TEST(ArchiveScalars, WrongDirectionThrowsReadOnlyOrWriteOnly) {
-    EXPECT_EQ(LoadFailure(Hex("01 00 00 00"), [](CArchive& ar) { ar << 1; }),
+    EXPECT_EQ(LoadCause(Hex("01 00 00 00"), [](CArchive& ar) { ar << 1; }),
               CArchiveException::readOnly);
     try {
-        Stored([](CArchive& ar) {
+        StoreBytes([](CArchive& ar) {
             int i;
             ar >> i;
         });
@@ -126,8 +128,8 @@ TEST(ArchiveCounts, EachRangeTakesItsForm) {
     };
     for (const auto& [count, hex] : cases) {
         SCOPED_TRACE(hex);
-        EXPECT_EQ(Stored([count = count](CArchive& ar) { ar.WriteCount(count); }), Hex(hex));
-        Load(Hex(hex), [count = count](CArchive& ar) { EXPECT_EQ(ar.ReadCount(), count); });
+        EXPECT_EQ(StoreBytes([count = count](CArchive& ar) { ar.WriteCount(count); }), Hex(hex));
+        LoadBytes(Hex(hex), [count = count](CArchive& ar) { EXPECT_EQ(ar.ReadCount(), count); });
     }
 }
 
@@ -136,7 +138,7 @@ TEST(ArchiveBuffer, ValuesCrossingBufferBoundsAndLargeBlocksSurvive) {
     Bytes block(10000);
     for (size_t i = 0; i < block.size(); ++i)
         block[i] = static_cast<BYTE>(i * 7);
-    const Bytes bytes = Stored([&](CArchive& ar) {
+    const Bytes bytes = StoreBytes([&](CArchive& ar) {
         ar << BYTE(1);
         for (int i = 0; i < 10000; ++i)
             ar << i;
@@ -146,7 +148,7 @@ TEST(ArchiveBuffer, ValuesCrossingBufferBoundsAndLargeBlocksSurvive) {
     ASSERT_EQ(bytes.size(), 1u + 40000 + 10000 + 8);
     EXPECT_EQ(bytes[1 + 4 * 258], 2); // int 258 = 02 01 00 00
     EXPECT_EQ(bytes[1 + 4 * 258 + 1], 1);
-    Load(bytes, [&](CArchive& ar) {
+    LoadBytes(bytes, [&](CArchive& ar) {
         BYTE first;
         ar >> first;
         for (int i = 0; i < 10000; ++i) {
@@ -194,13 +196,13 @@ TEST(ArchiveLifeCycle, DestructorWritesWhatWasNotClosedAndAbortDropsIt) {
 }
 
 TEST(ArchiveText, LinesOfUtf16Units) {
-    const Bytes bytes = Stored([](CArchive& ar) {
+    const Bytes bytes = StoreBytes([](CArchive& ar) {
         ar.WriteString(L"ab\r\n");
         ar.WriteString(L"\n");
         ar.WriteString(L"\U0001F600c");
     });
     EXPECT_EQ(bytes, Hex("61 00 62 00 0D 00 0A 00 0A 00 3D D8 00 DE 63 00"));
-    Load(bytes, [](CArchive& ar) {
+    LoadBytes(bytes, [](CArchive& ar) {
         CString line;
         EXPECT_TRUE(ar.ReadString(line));
         EXPECT_EQ(line, L"ab");
@@ -210,7 +212,7 @@ TEST(ArchiveText, LinesOfUtf16Units) {
         EXPECT_EQ(line, L"\U0001F600c");
         EXPECT_FALSE(ar.ReadString(line));
     });
-    Load(Hex("61 00 62 00 63 00 0A 00"), [](CArchive& ar) {
+    LoadBytes(Hex("61 00 62 00 63 00 0A 00"), [](CArchive& ar) {
         wchar_t buffer[8];
         EXPECT_EQ(ar.ReadString(buffer, 2), buffer);
         EXPECT_STREQ(buffer, L"ab");

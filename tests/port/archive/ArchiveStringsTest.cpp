@@ -1,7 +1,8 @@
 // Strings: the Unicode mark, the three length forms, code pages and surrogate pairs.
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
 
 namespace {
 
@@ -12,9 +13,10 @@ Bytes Prefix(const Bytes& bytes, size_t n) {
 } // namespace
 
 TEST(ArchiveStrings, WideStringsCarryTheUnicodeMark) {
-    EXPECT_EQ(Stored([](CArchive& ar) { ar << CString(); }), Hex("FF FE FF 00"));
-    EXPECT_EQ(Stored([](CArchive& ar) { ar << CString(L"ab"); }), Hex("FF FE FF 02 61 00 62 00"));
-    EXPECT_EQ(Stored([](CArchive& ar) { ar << L"ab"; }), Hex("FF FE FF 02 61 00 62 00"));
+    EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << CString(); }), Hex("FF FE FF 00"));
+    EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << CString(L"ab"); }),
+              Hex("FF FE FF 02 61 00 62 00"));
+    EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << L"ab"; }), Hex("FF FE FF 02 61 00 62 00"));
 }
 
 TEST(ArchiveStrings, WideLengthForms) {
@@ -27,13 +29,13 @@ TEST(ArchiveStrings, WideLengthForms) {
     for (const auto& [length, hex] : cases) {
         SCOPED_TRACE(hex);
         const CString text(L'x', length);
-        const Bytes bytes = Stored([&](CArchive& ar) { ar << text; });
+        const Bytes bytes = StoreBytes([&](CArchive& ar) { ar << text; });
         const Bytes header = Hex(hex);
         ASSERT_EQ(bytes.size(), header.size() + 2 * static_cast<size_t>(length));
         EXPECT_EQ(Prefix(bytes, header.size()), header);
         EXPECT_EQ(bytes[header.size()], 'x');
         EXPECT_EQ(bytes[header.size() + 1], 0);
-        Load(bytes, [&](CArchive& ar) {
+        LoadBytes(bytes, [&](CArchive& ar) {
             CString back;
             ar >> back;
             EXPECT_EQ(back, text);
@@ -51,11 +53,11 @@ TEST(ArchiveStrings, EightBitLengthFormsAvoidTheMark) {
     for (const auto& [length, hex] : cases) {
         SCOPED_TRACE(hex);
         const CStringA text('y', length);
-        const Bytes bytes = Stored([&](CArchive& ar) { ar << text; });
+        const Bytes bytes = StoreBytes([&](CArchive& ar) { ar << text; });
         const Bytes header = Hex(hex);
         ASSERT_EQ(bytes.size(), header.size() + static_cast<size_t>(length));
         EXPECT_EQ(Prefix(bytes, header.size()), header);
-        Load(bytes, [&](CArchive& ar) {
+        LoadBytes(bytes, [&](CArchive& ar) {
             CStringA back;
             ar >> back;
             EXPECT_EQ(back, text);
@@ -64,12 +66,12 @@ TEST(ArchiveStrings, EightBitLengthFormsAvoidTheMark) {
 }
 
 TEST(ArchiveStrings, QuadWordLengthsLoad) {
-    Load(Hex("FF FF FF FF FF FF FF 02 00 00 00 00 00 00 00 61 62"), [](CArchive& ar) {
+    LoadBytes(Hex("FF FF FF FF FF FF FF 02 00 00 00 00 00 00 00 61 62"), [](CArchive& ar) {
         CString text;
         ar >> text;
         EXPECT_EQ(text, L"ab");
     });
-    Load(Hex("FF FE FF FF FF FF FF FF FF FF 01 00 00 00 00 00 00 00 41 00"), [](CArchive& ar) {
+    LoadBytes(Hex("FF FE FF FF FF FF FF FF FF FF 01 00 00 00 00 00 00 00 41 00"), [](CArchive& ar) {
         CString text;
         ar >> text;
         EXPECT_EQ(text, L"A");
@@ -78,9 +80,9 @@ TEST(ArchiveStrings, QuadWordLengthsLoad) {
 
 TEST(ArchiveStrings, CharactersBeyondTheBasicPlaneAreSurrogatePairs) {
     const CString text(L"\U0001F600a");
-    const Bytes bytes = Stored([&](CArchive& ar) { ar << text; });
+    const Bytes bytes = StoreBytes([&](CArchive& ar) { ar << text; });
     EXPECT_EQ(bytes, Hex("FF FE FF 03 3D D8 00 DE 61 00"));
-    Load(bytes, [&](CArchive& ar) {
+    LoadBytes(bytes, [&](CArchive& ar) {
         CString back;
         ar >> back;
         EXPECT_EQ(back, text);
@@ -89,22 +91,22 @@ TEST(ArchiveStrings, CharactersBeyondTheBasicPlaneAreSurrogatePairs) {
 
 TEST(ArchiveStrings, EightBitTextIsWindows1252) {
     // 0x80 is the euro sign and 0xE9 e-acute in Windows-1252.
-    Load(Hex("02 80 E9 02 80 E9"), [](CArchive& ar) {
+    LoadBytes(Hex("02 80 E9 02 80 E9"), [](CArchive& ar) {
         CString wide;
         CStringA narrow;
         ar >> wide >> narrow;
         EXPECT_EQ(wide, L"\u20AC\u00E9");
         EXPECT_EQ(narrow, "\xE2\x82\xAC\xC3\xA9"); // UTF-8 here
     });
-    EXPECT_EQ(Stored([](CArchive& ar) { ar << CStringA("\xE2\x82\xAC\xC3\xA9"); }),
+    EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << CStringA("\xE2\x82\xAC\xC3\xA9"); }),
               Hex("02 80 E9"));
 }
 
 TEST(ArchiveStrings, NarrowTextOutsideTheCodePageIsWrittenAsUnicode) {
     // Omega is not in Windows-1252; the Unicode form keeps it.
-    const Bytes bytes = Stored([](CArchive& ar) { ar << CStringA("\xCE\xA9"); });
+    const Bytes bytes = StoreBytes([](CArchive& ar) { ar << CStringA("\xCE\xA9"); });
     EXPECT_EQ(bytes, Hex("FF FE FF 01 A9 03"));
-    Load(bytes, [](CArchive& ar) {
+    LoadBytes(bytes, [](CArchive& ar) {
         CStringA back;
         ar >> back;
         EXPECT_EQ(back, "\xCE\xA9");
@@ -112,16 +114,16 @@ TEST(ArchiveStrings, NarrowTextOutsideTheCodePageIsWrittenAsUnicode) {
 }
 
 TEST(ArchiveStrings, DamagedLengthEndsAtTheEndOfTheData) {
-    EXPECT_EQ(LoadFailure(Hex("FF FF FF F0 FF FF FF 61 62"),
-                          [](CArchive& ar) {
-                              CString text;
-                              ar >> text;
-                          }),
+    EXPECT_EQ(LoadCause(Hex("FF FF FF F0 FF FF FF 61 62"),
+                        [](CArchive& ar) {
+                            CString text;
+                            ar >> text;
+                        }),
               CArchiveException::endOfFile);
-    EXPECT_EQ(LoadFailure(Hex("FF FE FF 05 61 00 62"),
-                          [](CArchive& ar) {
-                              CString text;
-                              ar >> text;
-                          }),
+    EXPECT_EQ(LoadCause(Hex("FF FE FF 05 61 00 62"),
+                        [](CArchive& ar) {
+                            CString text;
+                            ar >> text;
+                        }),
               CArchiveException::endOfFile);
 }

@@ -6,22 +6,18 @@
 #include <filesystem>
 #include <string>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
+#include "support/TempFolder.h"
 
 namespace {
 
 class FileTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        std::string pattern = ::testing::TempDir() + "archive-file-XXXXXX";
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        m_dir = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(m_dir); }
     CString PathOf(const char* name) const {
-        return CString(port::NarrowToWide((m_dir / name).string()));
+        return CString(port::NarrowToWide(m_folder.File(name)));
     }
-    std::filesystem::path m_dir;
+    TempFolder m_folder;
 };
 
 template <typename Thrower> int FileFailure(Thrower thrower) {
@@ -48,7 +44,7 @@ TEST_F(FileTest, MissingFileAnswersOrThrowsFileNotFound) {
               CFileException::fileNotFound);
     EXPECT_EQ(FileFailure([&] { CFile opened(PathOf("no/such/dir.bin"), CFile::modeCreate); }),
               CFileException::badPath);
-    EXPECT_FALSE(file.Open(CString(port::NarrowToWide(m_dir.string())), CFile::modeRead, &error));
+    EXPECT_FALSE(file.Open(CString(port::NarrowToWide(m_folder.Path())), CFile::modeRead, &error));
     EXPECT_EQ(error.m_cause, CFileException::accessDenied);
 }
 
@@ -103,11 +99,11 @@ TEST_F(FileTest, ArchiveOverADiskFile) {
         ASSERT_EQ(v, i);
         ASSERT_EQ(text, L"é");
     }
-    EXPECT_EQ(LoadFailure(Bytes(),
-                          [](CArchive& inner) {
-                              BYTE b;
-                              inner >> b;
-                          }),
+    EXPECT_EQ(LoadCause(Bytes(),
+                        [](CArchive& inner) {
+                            BYTE b;
+                            inner >> b;
+                        }),
               CArchiveException::endOfFile);
 }
 

@@ -5,7 +5,8 @@
 #include <set>
 #include <string>
 
-#include "ArchiveTestSupport.h"
+#include "ArchiveTestClasses.h"
+#include "support/ArchiveRoundTrip.h"
 
 TEST(RuntimeClass, CObjectIsTheRootAndNotSerializable) {
     const CRuntimeClass* pObject = RUNTIME_CLASS(CObject);

@@ -5,10 +5,9 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
 #include "TestNode.h"
-
-using namespace collections_test;
+#include "support/ArchiveBytes.h"
+#include "support/ArchiveRoundTrip.h"
 
 namespace {
 
@@ -18,9 +17,8 @@ protected:
 };
 
 // The fields of a CNode that follow its class or class tag: int, wide string.
-void NodeFields(Bytes& out, int value, const std::string& name) {
-    Dword(out, static_cast<std::uint32_t>(value));
-    WideString(out, name);
+void NodeFields(ArchiveBytes& out, int value, const std::wstring& name) {
+    out.Int(value).String(name);
 }
 
 } // namespace
@@ -35,24 +33,24 @@ TEST_F(CollectionArchiveTest, ObListWritesASharedObjectOnceThenItsIndex) {
     list.AddTail(b);
     list.AddTail(c);
 
-    Bytes expected;
-    Word(expected, 3);              // count
-    NewClass(expected, 1, "CNode"); // class -> index 1
-    NodeFields(expected, 1, "a");   // a -> index 2
-    Word(expected, 0x8001);         // a's reference: a new CNode (class index 1)
-    NodeFields(expected, 9, "s");   // shared -> index 3
-    Word(expected, 0x0000);         // shared's reference: null
-    Word(expected, 0x8001);         // b: a new CNode -> index 4
-    NodeFields(expected, 2, "b");
-    Word(expected, 0x0003); // b's reference: shared, already index 3
-    Word(expected, 0x8001); // c -> index 5
-    NodeFields(expected, 3, "c");
-    Word(expected, 0x0002); // c's reference: a, index 2
+    ArchiveBytes expected;
+    expected.Word(3);              // count
+    expected.NewClass("CNode", 1); // class -> index 1
+    NodeFields(expected, 1, L"a"); // a -> index 2
+    expected.Word(0x8001);         // a's reference: a new CNode (class index 1)
+    NodeFields(expected, 9, L"s"); // shared -> index 3
+    expected.Word(0x0000);         // shared's reference: null
+    expected.Word(0x8001);         // b: a new CNode -> index 4
+    NodeFields(expected, 2, L"b");
+    expected.Word(0x0003); // b's reference: shared, already index 3
+    expected.Word(0x8001); // c -> index 5
+    NodeFields(expected, 3, L"c");
+    expected.Word(0x0002); // c's reference: a, index 2
 
-    EXPECT_EQ(Store([&](CArchive& ar) { list.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { list.Serialize(ar); }), expected.bytes());
 
     CObList loaded;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected.bytes(), [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     ASSERT_EQ(loaded.GetCount(), 3);
     auto* la = dynamic_cast<CNode*>(loaded.GetAt(loaded.FindIndex(0)));
     auto* lb = dynamic_cast<CNode*>(loaded.GetAt(loaded.FindIndex(1)));
@@ -79,27 +77,27 @@ TEST_F(CollectionArchiveTest, ObListOfAThousandWithSharedMembers) {
     for (int i = 0; i < kCount; ++i)
         list.AddTail(new CNode(i, L"n", shared[i % 10]));
 
-    Bytes expected;
-    Word(expected, kCount);
+    ArchiveBytes expected;
+    expected.Word(kCount);
     unsigned next = 1; // the next index of the archive's map
     unsigned sharedAt[10] = {};
     for (int i = 0; i < kCount; ++i) {
         if (i == 0) {
-            NewClass(expected, 1, "CNode");
+            expected.NewClass("CNode", 1);
             ++next;
         } else {
-            Word(expected, 0x8001);
+            expected.Word(0x8001);
         }
         ++next; // the object itself
-        NodeFields(expected, i, "n");
+        NodeFields(expected, i, L"n");
         const int k = i % 10;
         if (sharedAt[k] == 0) {
-            Word(expected, 0x8001);
+            expected.Word(0x8001);
             sharedAt[k] = next++;
-            NodeFields(expected, -k, "shared");
-            Word(expected, 0);
+            NodeFields(expected, -k, L"shared");
+            expected.Word(0);
         } else {
-            Word(expected, sharedAt[k]);
+            expected.Word(sharedAt[k]);
         }
     }
     // 1 class + 1000 objects + 10 shared.
@@ -107,11 +105,11 @@ TEST_F(CollectionArchiveTest, ObListOfAThousandWithSharedMembers) {
     EXPECT_EQ(sharedAt[0], 3u);
     EXPECT_EQ(sharedAt[9], 21u);
 
-    EXPECT_EQ(Store([&](CArchive& ar) { list.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { list.Serialize(ar); }), expected.bytes());
 
     CNode::DeleteAll();
     CObList loaded;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected.bytes(), [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     ASSERT_EQ(loaded.GetCount(), kCount);
     EXPECT_EQ(CNode::Live().size(), static_cast<std::size_t>(kCount + 10));
     CObject* loadedShared[10] = {};
@@ -139,32 +137,32 @@ TEST_F(CollectionArchiveTest, ObListBackReferencesPastTheSmallIndexRange) {
         previous = new CNode(i, L"", previous);
         list.AddTail(previous);
     }
-    Bytes expected;
-    Word(expected, kCount);
+    ArchiveBytes expected;
+    expected.Word(kCount);
     for (int i = 0; i < kCount; ++i) {
         if (i == 0)
-            NewClass(expected, 1, "CNode");
+            expected.NewClass("CNode", 1);
         else
-            Word(expected, 0x8001);
-        NodeFields(expected, i, "");
+            expected.Word(0x8001);
+        NodeFields(expected, i, L"");
         // Node i has index i + 2; the node before it, i + 1.
         const unsigned before = static_cast<unsigned>(i + 1);
         if (i == 0) {
-            Word(expected, 0);
+            expected.Word(0);
         } else if (before < 0x7FFF) {
-            Word(expected, before);
+            expected.Word(before);
         } else {
-            Word(expected, 0x7FFF);
-            Dword(expected, before);
+            expected.Word(0x7FFF);
+            expected.Dword(before);
         }
     }
-    const Bytes stored = Store([&](CArchive& ar) { list.Serialize(ar); });
-    ASSERT_EQ(stored.size(), expected.size());
-    EXPECT_TRUE(stored == expected);
+    const Bytes stored = StoreBytes([&](CArchive& ar) { list.Serialize(ar); });
+    ASSERT_EQ(stored.size(), expected.bytes().size());
+    EXPECT_TRUE(stored == expected.bytes());
 
     CNode::DeleteAll();
     CObList loaded;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected.bytes(), [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     ASSERT_EQ(loaded.GetCount(), kCount);
     CObject* before = nullptr;
     for (POSITION pos = loaded.GetHeadPosition(); pos;) {
@@ -179,20 +177,21 @@ TEST_F(CollectionArchiveTest, TruncatedObListEndsInEndOfFileAndLeaksNothing) {
     CObList list;
     list.AddTail(a);
     list.AddTail(a);
-    Bytes bytes = Store([&](CArchive& ar) { list.Serialize(ar); });
+    Bytes bytes = StoreBytes([&](CArchive& ar) { list.Serialize(ar); });
     CNode::DeleteAll();
     // Cut inside the second node's string, then claim more elements than there are.
     for (std::size_t cut : {bytes.size() - 3, std::size_t{5}}) {
         CObList loaded;
         Bytes part(bytes.begin(), bytes.begin() + static_cast<long>(cut));
-        EXPECT_EQ(ArchiveCause([&] { Load(part, [&](CArchive& ar) { loaded.Serialize(ar); }); }),
-                  CArchiveException::endOfFile);
+        EXPECT_EQ(
+            ArchiveCause([&] { LoadBytes(part, [&](CArchive& ar) { loaded.Serialize(ar); }); }),
+            CArchiveException::endOfFile);
         CNode::DeleteAll();
     }
     Bytes more = bytes;
     more[0] = 3;
     CObList loaded;
-    EXPECT_EQ(ArchiveCause([&] { Load(more, [&](CArchive& ar) { loaded.Serialize(ar); }); }),
+    EXPECT_EQ(ArchiveCause([&] { LoadBytes(more, [&](CArchive& ar) { loaded.Serialize(ar); }); }),
               CArchiveException::endOfFile);
     EXPECT_EQ(loaded.GetCount(), 2);
 }
@@ -203,17 +202,17 @@ TEST_F(CollectionArchiveTest, ObArrayWithNullsAndRepeats) {
     array.Add(a);
     array.Add(nullptr);
     array.Add(a);
-    Bytes expected;
-    Word(expected, 3);
-    NewClass(expected, 1, "CNode");
-    NodeFields(expected, 7, "x");
-    Word(expected, 0); // a's reference
-    Word(expected, 0); // the null element
-    Word(expected, 2); // a again
-    EXPECT_EQ(Store([&](CArchive& ar) { array.Serialize(ar); }), expected);
+    ArchiveBytes expected;
+    expected.Word(3);
+    expected.NewClass("CNode", 1);
+    NodeFields(expected, 7, L"x");
+    expected.Word(0); // a's reference
+    expected.Word(0); // the null element
+    expected.Word(2); // a again
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { array.Serialize(ar); }), expected.bytes());
     CObArray loaded;
     loaded.Add(nullptr); // replaced by the load
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected.bytes(), [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     ASSERT_EQ(loaded.GetSize(), 3);
     EXPECT_EQ(loaded[1], nullptr);
     EXPECT_EQ(loaded[0], loaded[2]);
@@ -227,10 +226,10 @@ TEST_F(CollectionArchiveTest, IntArrayIsRawLittleEndian) {
     array.Add(0x01020304);
     const Bytes expected{0x03, 0x00, 0x01, 0x00, 0x00, 0x00, 0xFE,
                          0xFF, 0xFF, 0xFF, 0x04, 0x03, 0x02, 0x01};
-    EXPECT_EQ(Store([&](CArchive& ar) { array.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { array.Serialize(ar); }), expected);
     CArray<int, int> loaded;
     loaded.Add(99);
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     ASSERT_EQ(loaded.GetSize(), 3);
     EXPECT_EQ(loaded[0], 1);
     EXPECT_EQ(loaded[1], -2);
@@ -242,13 +241,13 @@ TEST_F(CollectionArchiveTest, LargeCountsUseTheLongForm) {
     CArray<BYTE, BYTE> array;
     array.SetSize(70000);
     array[69999] = 0xAB;
-    const Bytes stored = Store([&](CArchive& ar) { array.Serialize(ar); });
+    const Bytes stored = StoreBytes([&](CArchive& ar) { array.Serialize(ar); });
     ASSERT_EQ(stored.size(), 6u + 70000u);
     EXPECT_EQ(Bytes(stored.begin(), stored.begin() + 6),
               (Bytes{0xFF, 0xFF, 0x70, 0x11, 0x01, 0x00}));
     EXPECT_EQ(stored.back(), 0xAB);
     CArray<BYTE, BYTE> loaded;
-    EXPECT_EQ(Load(stored, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(stored, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     EXPECT_EQ(loaded.GetSize(), 70000);
     EXPECT_EQ(loaded[69999], 0xAB);
 }
@@ -257,41 +256,41 @@ TEST_F(CollectionArchiveTest, ArrayCountBeyondTheDataIsEndOfFile) {
     // Claims 0x7FFFFFFF ints but holds two.
     const Bytes bytes{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7F, 1, 0, 0, 0, 2, 0, 0, 0};
     CArray<int, int> loaded;
-    EXPECT_EQ(ArchiveCause([&] { Load(bytes, [&](CArchive& ar) { loaded.Serialize(ar); }); }),
+    EXPECT_EQ(ArchiveCause([&] { LoadBytes(bytes, [&](CArchive& ar) { loaded.Serialize(ar); }); }),
               CArchiveException::endOfFile);
     CStringArray strings;
-    EXPECT_EQ(ArchiveCause([&] { Load(bytes, [&](CArchive& ar) { strings.Serialize(ar); }); }),
+    EXPECT_EQ(ArchiveCause([&] { LoadBytes(bytes, [&](CArchive& ar) { strings.Serialize(ar); }); }),
               CArchiveException::endOfFile);
 }
 
 TEST_F(CollectionArchiveTest, StringArrayAndStringListAreCountThenStrings) {
-    Bytes expected;
-    Word(expected, 2);
-    WideString(expected, "ab");
-    WideString(expected, "");
-    EXPECT_EQ(expected, (Bytes{0x02, 0x00, 0xFF, 0xFE, 0xFF, 0x02, 0x61, 0x00, 0x62, 0x00, 0xFF,
-                               0xFE, 0xFF, 0x00}));
+    ArchiveBytes expected;
+    expected.Word(2);
+    expected.String(L"ab");
+    expected.String(L"");
+    EXPECT_EQ(expected.bytes(), (Bytes{0x02, 0x00, 0xFF, 0xFE, 0xFF, 0x02, 0x61, 0x00, 0x62, 0x00,
+                                       0xFF, 0xFE, 0xFF, 0x00}));
 
     CArray<CString, const CString&> array;
     array.Add(L"ab");
     array.Add(L"");
-    EXPECT_EQ(Store([&](CArchive& ar) { array.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { array.Serialize(ar); }), expected.bytes());
     CStringArray stringArray;
     stringArray.Add(L"ab");
     stringArray.Add(L"");
-    EXPECT_EQ(Store([&](CArchive& ar) { stringArray.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { stringArray.Serialize(ar); }), expected.bytes());
     CStringList list;
     list.AddTail(L"ab");
     list.AddTail(L"");
-    EXPECT_EQ(Store([&](CArchive& ar) { list.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { list.Serialize(ar); }), expected.bytes());
 
     CStringList loadedList;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loadedList.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected.bytes(), [&](CArchive& ar) { loadedList.Serialize(ar); }), 0u);
     ASSERT_EQ(loadedList.GetCount(), 2);
     EXPECT_EQ(loadedList.GetHead(), L"ab");
     EXPECT_TRUE(loadedList.GetTail().IsEmpty());
     CStringArray loadedArray;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loadedArray.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected.bytes(), [&](CArchive& ar) { loadedArray.Serialize(ar); }), 0u);
     ASSERT_EQ(loadedArray.GetSize(), 2);
     EXPECT_EQ(loadedArray[0], L"ab");
 }
@@ -302,9 +301,9 @@ TEST_F(CollectionArchiveTest, TemplateListOfPointsIsRawStructures) {
     list.AddTail(CPoint(0x100, 2));
     const Bytes expected{0x02, 0x00, 0x01, 0x00, 0x00, 0x00, 0xFF, 0xFF, 0xFF,
                          0xFF, 0x00, 0x01, 0x00, 0x00, 0x02, 0x00, 0x00, 0x00};
-    EXPECT_EQ(Store([&](CArchive& ar) { list.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { list.Serialize(ar); }), expected);
     CList<CPoint, CPoint> loaded;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     ASSERT_EQ(loaded.GetCount(), 2);
     EXPECT_EQ(loaded.GetTail(), CPoint(0x100, 2));
 }
@@ -316,9 +315,9 @@ TEST_F(CollectionArchiveTest, MapWritesBucketsInOrder) {
     map[2] = 20;
     const Bytes expected{0x02, 0x00, 0x02, 0x00, 0x00, 0x00, 0x14, 0x00, 0x00,
                          0x00, 0x01, 0x00, 0x00, 0x00, 0x0A, 0x00, 0x00, 0x00};
-    EXPECT_EQ(Store([&](CArchive& ar) { map.Serialize(ar); }), expected);
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { map.Serialize(ar); }), expected);
     CMap<int, int, int, int> loaded;
-    EXPECT_EQ(Load(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(expected, [&](CArchive& ar) { loaded.Serialize(ar); }), 0u);
     int value = 0;
     EXPECT_TRUE(loaded.Lookup(1, value));
     EXPECT_EQ(value, 10);
@@ -347,5 +346,6 @@ TEST_F(CollectionArchiveTest, SerializeElementsCanBeSpecialised) {
     CArray<Tagged, const Tagged&> array;
     array.Add(Tagged{5});
     array.Add(Tagged{6});
-    EXPECT_EQ(Store([&](CArchive& ar) { array.Serialize(ar); }), (Bytes{0x02, 0x00, 0x05, 0x06}));
+    EXPECT_EQ(StoreBytes([&](CArchive& ar) { array.Serialize(ar); }),
+              (Bytes{0x02, 0x00, 0x05, 0x06}));
 }

@@ -3,8 +3,6 @@
 #include <cstring>
 #include <stdexcept>
 
-namespace collections_test {
-
 namespace {
 constexpr std::uint32_t kNoStream = 0xFFFFFFFF;
 constexpr std::uint32_t kLastSector = 0xFFFFFFF0; // and above: end of chain, free, FAT marks
@@ -135,5 +133,3 @@ std::vector<std::uint8_t> CompoundFileReader::ReadRootStream(const std::u16strin
     }
     throw std::runtime_error("no such stream");
 }
-
-} // namespace collections_test

@@ -7,8 +7,6 @@
 #include <string>
 #include <vector>
 
-namespace collections_test {
-
 class CompoundFileReader {
 public:
     explicit CompoundFileReader(std::vector<std::uint8_t> file);
@@ -39,5 +37,3 @@ private:
     std::vector<Entry> m_entries;
     std::vector<std::uint8_t> m_miniStream;
 };
-
-} // namespace collections_test

@@ -6,9 +6,8 @@
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
+#include "support/ArchiveRoundTrip.h"
 
-using collections_test::ThrowsMfc;
 
 TEST(CMapTest, SetAtOverwritesAndLookupFinds) {
     CMap<int, int, CString, const CString&> map;

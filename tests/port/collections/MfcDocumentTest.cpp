@@ -8,10 +8,9 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
 #include "CompoundFileReader.h"
-
-using namespace collections_test;
+#include "support/ArchiveBytes.h"
+#include "support/ArchiveRoundTrip.h"
 
 namespace {
 
@@ -90,7 +89,7 @@ TEST(MfcDocumentTest, HierServerDocumentLoadsToItsLastByte) {
     const Bytes file = ReadDataFile("mfcclass.hie");
     ASSERT_EQ(file.size(), 2942u);
     HierDocument doc;
-    EXPECT_EQ(Load(file, [&](CArchive& ar) { doc.Serialize(ar); }), 0u);
+    EXPECT_EQ(LoadBytes(file, [&](CArchive& ar) { doc.Serialize(ar); }), 0u);
     EXPECT_EQ(doc.height, -10);
     EXPECT_EQ(doc.weight, 0);
     EXPECT_EQ(doc.flags[4], 4);    // out-precision
@@ -106,7 +105,7 @@ TEST(MfcDocumentTest, HierServerDocumentLoadsToItsLastByte) {
     EXPECT_EQ(doc.root.CountTree(), 137);
 
     // Stored again with 8-bit strings, as the ANSI build did, the bytes come out the same.
-    EXPECT_TRUE(Store([&](CArchive& ar) { doc.Serialize(ar); }) == file);
+    EXPECT_TRUE(StoreBytes([&](CArchive& ar) { doc.Serialize(ar); }) == file);
 }
 
 TEST(MfcDocumentTest, CutHierServerDocumentFailsCleanly) {
@@ -114,7 +113,7 @@ TEST(MfcDocumentTest, CutHierServerDocumentFailsCleanly) {
     for (std::size_t cut = 0; cut < file.size(); cut += 37) {
         HierDocument doc;
         const Bytes part(file.begin(), file.begin() + static_cast<long>(cut));
-        EXPECT_EQ(ArchiveCause([&] { Load(part, [&](CArchive& ar) { doc.Serialize(ar); }); }),
+        EXPECT_EQ(ArchiveCause([&] { LoadBytes(part, [&](CArchive& ar) { doc.Serialize(ar); }); }),
                   CArchiveException::endOfFile)
             << cut;
     }
@@ -204,13 +203,13 @@ TEST(MfcDocumentTest, ContainerScriptAmbientPropertiesLoad) {
 
     // The raw start: count 13, a new class of schema 1 named "CAmbientProperty".
     const Bytes head(contents.begin(), contents.begin() + 24);
-    Bytes expectedHead;
-    Word(expectedHead, 13);
-    NewClass(expectedHead, 1, "CAmbientProperty");
-    EXPECT_EQ(head, expectedHead);
+    ArchiveBytes expectedHead;
+    expectedHead.Word(13);
+    expectedHead.NewClass("CAmbientProperty", 1);
+    EXPECT_EQ(head, expectedHead.bytes());
 
     CObList list;
-    const std::size_t left = Load(contents, [&](CArchive& ar) { list.Serialize(ar); });
+    const std::size_t left = LoadBytes(contents, [&](CArchive& ar) { list.Serialize(ar); });
     ASSERT_EQ(list.GetCount(), 13);
     const char* names[13] = {"UserMode",         "UIDead",      "ShowHatching", "ShowGrabHandles",
                              "TextAlign",        "BackColor",   "Font",         "ForeColor",
@@ -244,7 +243,7 @@ TEST(MfcDocumentTest, ContainerScriptAmbientPropertiesLoad) {
                           contents.begin() + static_cast<long>(end) + 30),
               "CTestContainer98Item");
 
-    EXPECT_TRUE(Store([&](CArchive& ar) { list.Serialize(ar); }) ==
+    EXPECT_TRUE(StoreBytes([&](CArchive& ar) { list.Serialize(ar); }) ==
                 Bytes(contents.begin(), contents.begin() + static_cast<long>(end)));
     for (CAmbientProperty* property : properties)
         delete property;

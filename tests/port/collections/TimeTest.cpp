@@ -5,9 +5,8 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
-#include "ArchiveTestSupport.h"
+#include "support/ArchiveRoundTrip.h"
 
-using collections_test::ThrowsMfc;
 
 namespace {
 

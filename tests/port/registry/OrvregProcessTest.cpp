@@ -1,10 +1,12 @@
 // orvreg as separate processes: round trip through .reg files, bad input, concurrent writers,
 // a writer killed in the middle of an import.
-#include "support/TempRegistryDir.h"
+#include "support/TempRegistry.h"
 
 #include <windows.h>
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 #include <csignal>
 #include <fcntl.h>
@@ -56,9 +58,8 @@ int Wait(pid_t pid) {
 
 Outcome RunIn(const std::string& dir, const std::vector<std::string>& args, uid_t user = 0) {
     static int runs = 0;
-    const std::string outputs =
-        (std::filesystem::temp_directory_path() / "orvreg-output-").string() +
-        std::to_string(getpid()) + "-" + std::to_string(++runs);
+    static const TempFolder folder;
+    const std::string outputs = folder.File(std::to_string(++runs));
     Outcome outcome;
     outcome.status = Wait(Start(dir, args, outputs, user));
     outcome.out = ReadFileBytes(outputs + ".out");

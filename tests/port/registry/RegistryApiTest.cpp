@@ -1,9 +1,13 @@
 // The Win32 registry functions: sizes, types, names, enumeration, access and deleted keys.
-#include "support/TempRegistryDir.h"
+#include "support/TempRegistry.h"
 
 #include <windows.h>
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include <filesystem>
 
 #include <cstring>
 #include <string>
