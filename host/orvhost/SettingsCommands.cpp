@@ -105,6 +105,14 @@ void PrintValues(OrvSettingsKey& tree) {
     }
 }
 
+// The library started for one command and stopped on every way out of it.
+struct LibrarySession {
+    LibrarySession() { orvhost::StartLibrary(); }
+    ~LibrarySession() { orvhost::StopLibrary(); }
+    LibrarySession(const LibrarySession&) = delete;
+    LibrarySession& operator=(const LibrarySession&) = delete;
+};
+
 using Assignments = std::vector<std::pair<CString, int>>;
 
 bool IsIntegerSetting(const CString& name) {
@@ -183,7 +191,7 @@ int RunSettingsArchive(const orvhost::Arguments& arguments) {
     Assignments assignments;
     if (!ParseAssignments(arguments, 1, assignments))
         return 2;
-    orvhost::StartLibrary();
+    const LibrarySession session;
     const std::string& path = arguments[0];
     auto saved = orvhost::MakeAppSettings();
     Apply(*saved, assignments);
@@ -209,7 +217,6 @@ int RunSettingsArchive(const orvhost::Arguments& arguments) {
     std::fflush(stdout);
     loaded->DumpData(stdout);
     std::printf("\n");
-    orvhost::StopLibrary();
     return 0;
 }
 
@@ -218,7 +225,7 @@ int RunSettingsLoad(const orvhost::Arguments& arguments) {
         std::fprintf(stderr, "usage: orvhost settings-load FILE\n");
         return 2;
     }
-    orvhost::StartLibrary();
+    const LibrarySession session;
     auto tree = orvhost::MakeAppSettings();
     if (!LoadTree(*tree, arguments[0]))
         return 1;
@@ -226,7 +233,6 @@ int RunSettingsLoad(const orvhost::Arguments& arguments) {
     std::fflush(stdout);
     tree->DumpData(stdout);
     std::printf("\n");
-    orvhost::StopLibrary();
     return 0;
 }
 
@@ -234,7 +240,7 @@ int RunSettingsRegistry(const orvhost::Arguments& arguments) {
     Assignments assignments;
     if (!ParseAssignments(arguments, 0, assignments))
         return 2;
-    orvhost::StartLibrary();
+    const LibrarySession session;
     OrvSettingsKey& tree = orvhost::AppSettings();
     std::printf("compiled defaults:\n");
     PrintValues(tree);
@@ -248,10 +254,8 @@ int RunSettingsRegistry(const orvhost::Arguments& arguments) {
         }
     }
     PrintValues(tree);
-    if (assignments.empty()) {
-        orvhost::StopLibrary();
+    if (assignments.empty())
         return 0;
-    }
     Apply(tree, assignments);
     if (!tree.SaveValuesToRegistry()) {
         std::fprintf(stderr, "orvhost: cannot write the settings to the registry\n");
@@ -259,7 +263,6 @@ int RunSettingsRegistry(const orvhost::Arguments& arguments) {
     }
     std::printf("changed and saved:\n");
     PrintValues(tree);
-    orvhost::StopLibrary();
     return 0;
 }
 

@@ -284,9 +284,9 @@ int Add(const std::wstring& name, const Options& options) {
     RegFileKey key;
     key.root = port::registry::ParseKeyName(name, key.path);
     if (options.value) {
+        auto [type, data] = ValueData(options);
         if (!options.force)
             RefuseToOverwriteValue(name, *options.value);
-        auto [type, data] = ValueData(options);
         key.values.push_back(RegFileValue{*options.value, false, type, std::move(data)});
     }
     port::registry::ImportKeys({key});

@@ -126,6 +126,11 @@ TEST_F(OrvhostTranscript, SettingsRegistryValidatesEveryArgumentFirst) {
     m_log.Run("orvhost", {"settings-registry", "Units=2", "Units=1.5"});
     m_log.Run("orvhost", {"settings-registry", "Units=2", "PostName=Heidenhain"});
     m_log.Run("orvhost", {"settings-registry", "Units=-2147483648"});
+    m_log.Note("a registry that cannot be written: its folder would lie below a plain file");
+    WriteFileBytes(m_dir.File("plain"), "x");
+    RunOptions blocked;
+    blocked.registry = "plain/registry";
+    m_log.Run("orvhost", {"settings-registry"}, blocked);
     ExpectMatchesGolden("orvhost-settings-registry", m_log.Text());
 }
 
