@@ -1,8 +1,14 @@
 // `orvhost settings-archive`, `settings-load` and `settings-registry`: the host's settings tree
 // travelling through a document archive and through the registry.
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
+#include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "HostCallbacks.h"
 #include "HostCommand.h"
@@ -99,29 +105,56 @@ void PrintValues(OrvSettingsKey& tree) {
     }
 }
 
-// Applies NAME=VALUE arguments to integer values; answers false (with a message) on bad input.
-bool ApplyAssignments(OrvSettingsKey& tree, const orvhost::Arguments& arguments,
-                      std::size_t first) {
+// The library started for one command and stopped on every way out of it.
+struct LibrarySession {
+    LibrarySession() { orvhost::StartLibrary(); }
+    ~LibrarySession() { orvhost::StopLibrary(); }
+    LibrarySession(const LibrarySession&) = delete;
+    LibrarySession& operator=(const LibrarySession&) = delete;
+};
+
+using Assignments = std::vector<std::pair<CString, int>>;
+
+bool IsIntegerSetting(const CString& name) {
+    return std::any_of(std::begin(kEntries), std::end(kEntries), [&](const Entry& entry) {
+        return entry.kind == Kind::Int && name == entry.name;
+    });
+}
+
+// Reads NAME=INTEGER arguments, all of them before anything is changed; answers false (with a
+// message naming the first bad one) when one is not an integer setting or not a 32-bit integer.
+bool ParseAssignments(const orvhost::Arguments& arguments, std::size_t first,
+                      Assignments& assignments) {
     for (std::size_t i = first; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         const std::size_t equals = argument.find('=');
-        char* end = nullptr;
-        const long value =
-            equals == std::string::npos ? 0 : std::strtol(argument.c_str() + equals + 1, &end, 10);
-        bool known = false;
         const CString name(argument.substr(0, equals).c_str());
-        for (const Entry& entry : kEntries)
-            known = known || (entry.kind == Kind::Int && name == entry.name);
-        if (equals == std::string::npos || !end || *end != '\0' || !known) {
+        if (equals == std::string::npos || !IsIntegerSetting(name)) {
             std::fprintf(stderr,
                          "orvhost: '%s' is not NAME=INTEGER for an integer setting (Units, "
                          "OpenOperationDialogToLastPage, CollapseOperationOnPreview)\n",
                          argument.c_str());
             return false;
         }
-        tree.SetValue(name, static_cast<int>(value));
+        const char* text = argument.c_str() + equals + 1;
+        char* end = nullptr;
+        errno = 0;
+        const long long value = std::strtoll(text, &end, 10);
+        if (end == text || *end != '\0' || errno == ERANGE ||
+            value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max()) {
+            std::fprintf(stderr, "orvhost: '%s' is not an integer from %d to %d\n",
+                         argument.c_str(), std::numeric_limits<int>::min(),
+                         std::numeric_limits<int>::max());
+            return false;
+        }
+        assignments.emplace_back(name, static_cast<int>(value));
     }
     return true;
+}
+
+void Apply(OrvSettingsKey& tree, const Assignments& assignments) {
+    for (const auto& [name, value] : assignments)
+        tree.SetValue(name, value);
 }
 
 const char* CauseText(int cause) {
@@ -155,11 +188,13 @@ int RunSettingsArchive(const orvhost::Arguments& arguments) {
         std::fprintf(stderr, "usage: orvhost settings-archive FILE [NAME=INTEGER...]\n");
         return 2;
     }
-    orvhost::StartLibrary();
+    Assignments assignments;
+    if (!ParseAssignments(arguments, 1, assignments))
+        return 2;
+    const LibrarySession session;
     const std::string& path = arguments[0];
     auto saved = orvhost::MakeAppSettings();
-    if (!ApplyAssignments(*saved, arguments, 1))
-        return 2;
+    Apply(*saved, assignments);
     try {
         CFile file(CString(path.c_str()), CFile::modeCreate | CFile::modeWrite | CFile::typeBinary);
         CArchive ar(&file, CArchive::store);
@@ -182,7 +217,6 @@ int RunSettingsArchive(const orvhost::Arguments& arguments) {
     std::fflush(stdout);
     loaded->DumpData(stdout);
     std::printf("\n");
-    orvhost::StopLibrary();
     return 0;
 }
 
@@ -191,7 +225,7 @@ int RunSettingsLoad(const orvhost::Arguments& arguments) {
         std::fprintf(stderr, "usage: orvhost settings-load FILE\n");
         return 2;
     }
-    orvhost::StartLibrary();
+    const LibrarySession session;
     auto tree = orvhost::MakeAppSettings();
     if (!LoadTree(*tree, arguments[0]))
         return 1;
@@ -199,12 +233,14 @@ int RunSettingsLoad(const orvhost::Arguments& arguments) {
     std::fflush(stdout);
     tree->DumpData(stdout);
     std::printf("\n");
-    orvhost::StopLibrary();
     return 0;
 }
 
 int RunSettingsRegistry(const orvhost::Arguments& arguments) {
-    orvhost::StartLibrary();
+    Assignments assignments;
+    if (!ParseAssignments(arguments, 0, assignments))
+        return 2;
+    const LibrarySession session;
     OrvSettingsKey& tree = orvhost::AppSettings();
     std::printf("compiled defaults:\n");
     PrintValues(tree);
@@ -218,19 +254,15 @@ int RunSettingsRegistry(const orvhost::Arguments& arguments) {
         }
     }
     PrintValues(tree);
-    if (arguments.empty()) {
-        orvhost::StopLibrary();
+    if (assignments.empty())
         return 0;
-    }
-    if (!ApplyAssignments(tree, arguments, 0))
-        return 2;
+    Apply(tree, assignments);
     if (!tree.SaveValuesToRegistry()) {
         std::fprintf(stderr, "orvhost: cannot write the settings to the registry\n");
         return 1;
     }
     std::printf("changed and saved:\n");
     PrintValues(tree);
-    orvhost::StopLibrary();
     return 0;
 }
 

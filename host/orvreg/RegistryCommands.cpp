@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <cwctype>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -28,6 +29,8 @@ struct Options {
     std::wstring type = L"REG_SZ";     // /t
     std::wstring data;                 // /d
     std::wstring separator = L"\\0";   // /s
+    bool force = false;                // /f: overwrite an existing value without asking
+    bool overwrite = false;            // /y: overwrite an existing file without asking
 };
 
 [[noreturn]] void Fail(const std::string& message) {
@@ -76,7 +79,11 @@ Options ParseOptions(const std::vector<std::wstring>& args, std::size_t first) {
             options.data = next();
         else if (option == L"/S")
             options.separator = next();
-        else if (option != L"/F" && option != L"/Y")
+        else if (option == L"/F")
+            options.force = true;
+        else if (option == L"/Y")
+            options.overwrite = true;
+        else
             Fail("unknown option " + WideToNarrow(args[i]));
     }
     return options;
@@ -256,11 +263,30 @@ int Query(const std::wstring& name, const Options& options) {
     return 0;
 }
 
+// reg.exe asks before it overwrites; orvreg never asks, so without /f it answers as reg.exe does
+// when the question goes unanswered.
+void RefuseToOverwriteValue(const std::wstring& name, const std::wstring& value) {
+    std::wstring path;
+    const HKEY root = port::registry::ParseKeyName(name, path);
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+        return;
+    const bool exists =
+        RegQueryValueExW(key, value.c_str(), nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+    RegCloseKey(key);
+    if (exists)
+        Fail("value " + (value.empty() ? std::string("(Default)") : WideToNarrow(value)) +
+             " exists in " + WideToNarrow(name) +
+             " and cannot be overwritten without /f; the operation was cancelled");
+}
+
 int Add(const std::wstring& name, const Options& options) {
     RegFileKey key;
     key.root = port::registry::ParseKeyName(name, key.path);
     if (options.value) {
         auto [type, data] = ValueData(options);
+        if (!options.force)
+            RefuseToOverwriteValue(name, *options.value);
         key.values.push_back(RegFileValue{*options.value, false, type, std::move(data)});
     }
     port::registry::ImportKeys({key});
@@ -279,7 +305,10 @@ int Delete(const std::wstring& name, const Options& options) {
             Fail("value '" + WideToNarrow(*options.value) + "' not found in " + WideToNarrow(name));
         key.values.push_back(RegFileValue{*options.value, true, 0, {}});
     } else if (options.allValues) {
-        for (const auto& value : port::registry::ExportTree(key.root, key.path).front().values)
+        // The tree is kept in a variable: a range-for over a member of a temporary would read
+        // freed memory.
+        const auto tree = port::registry::ExportTree(key.root, key.path);
+        for (const auto& value : tree.front().values)
             key.values.push_back(RegFileValue{value.name, true, 0, {}});
     } else {
         if (key.path.empty())
@@ -291,11 +320,15 @@ int Delete(const std::wstring& name, const Options& options) {
     return 0;
 }
 
-int Export(const std::wstring& name, const std::wstring& file) {
+int Export(const std::wstring& name, const std::wstring& file, const Options& options) {
     std::wstring path;
     const HKEY root = port::registry::ParseKeyName(name, path);
     const std::string text = port::registry::FormatRegFile(port::registry::ExportTree(root, path));
     const std::string fileName = WideToNarrow(file);
+    std::error_code ignored;
+    if (!options.overwrite && std::filesystem::exists(fileName, ignored))
+        Fail("file " + fileName +
+             " exists and cannot be overwritten without /y; the operation was cancelled");
     std::FILE* out = std::fopen(fileName.c_str(), "wb");
     if (!out)
         Fail("cannot write " + fileName + ": " + std::strerror(errno));
@@ -346,10 +379,8 @@ int Run(const std::vector<std::wstring>& args) {
         return Add(args[1], ParseOptions(args, 2));
     if (command == L"DELETE")
         return Delete(args[1], ParseOptions(args, 2));
-    if (command == L"EXPORT" && args.size() >= 3) {
-        ParseOptions(args, 3);
-        return Export(args[1], args[2]);
-    }
+    if (command == L"EXPORT" && args.size() >= 3)
+        return Export(args[1], args[2], ParseOptions(args, 3));
     if (command == L"IMPORT" && args.size() == 2)
         return Import(args[1]);
     Fail(kUsage);

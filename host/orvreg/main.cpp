@@ -7,7 +7,9 @@
 //   orvreg import FILE
 //
 // KEY starts with HKCU, HKLM, HKEY_CURRENT_USER or HKEY_LOCAL_MACHINE. An error is one line on
-// standard error and exit status 1; the registry is then unchanged.
+// standard error and exit status 1; the registry is then unchanged. orvreg never asks a question:
+// where reg.exe would ask before overwriting, it refuses unless /f (a value) or /y (a file) says
+// yes in advance.
 #include "RegistryCommands.h"
 
 #include "port/TextConversion.h"

@@ -1,5 +1,7 @@
 #include "environment/CutbaseAccessSetup.h"
 
+#include "frame/CKelEnvApp.h"
+#include "frame/OrvAppEnv.h"
 #include "frame/RegistryHelpers.h"
 #include "settings/OrvSettingsKey.h"
 
@@ -114,4 +116,11 @@ int SetDatabaseInstallationDataForAccess() {
         return 0;
     changes.SaveValuesToRegistry();
     return 1;
+}
+
+int SetDatabaseInstallationData() {
+    const OrvCutbaseConfigData* active = AppEnv()->GetActiveCutbaseConfigData();
+    if (!active || active->m_DatabaseType != ORV_CUTBASE_ACCESS)
+        return 0;
+    return SetDatabaseInstallationDataForAccess();
 }

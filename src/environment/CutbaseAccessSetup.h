@@ -25,3 +25,7 @@ CutbaseAccessValues ReadCutbaseAccessValues();
 void SetDefaultCutbaseForms();
 // Records the detected bitnesses when they differ from the stored ones. 1 when it saved.
 int SetDatabaseInstallationDataForAccess();
+// For the add-in: SetDatabaseInstallationDataForAccess() when the environment's active database
+// is an Access one; otherwise, or without an active record, 0 and nothing is written. It asks
+// AppEnv(), which starts the environment if the add-in has not.
+int SetDatabaseInstallationData();

@@ -13,3 +13,8 @@ CKelEnvApp* AppEnv() {
 void CloseAppEnv() {
     CKelEnvApp::DestroyInstance();
 }
+
+void KelGetInstallPath(CString& path) {
+    const CKelEnvApp* env = AppEnv();
+    path = env->GetKelDrive() + env->GetKelPath();
+}

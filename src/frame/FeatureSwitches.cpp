@@ -48,6 +48,9 @@ int GetIs3AxisFeatImprovementEnabled() {
 int GetIsDynamicWIPDisplayEnabled() {
     return IndependentSwitch(L"EnableDynamicWIPDisplay", 0);
 }
+int GetIsPrimeTurningRegSupport() {
+    return DebugSwitch(L"PrimeTurningSupport", 0);
+}
 int GetIsPrimeTurningForFaceFinishRegSupport() {
     return DebugSwitch(L"PrimeTurningSupportForFaceFinish", 0);
 }
@@ -98,6 +101,9 @@ int orv_getIsCRF1363ShareRegistryEnabled() {
 }
 int orv_getIsWorkAreaSpindleEnabled() {
     return 0;
+}
+int IsPrimeTurnSupported() {
+    return GetIsPrimeTurningRegSupport() == 1;
 }
 
 int SetShowCustomChuckOptionsDisplayRegistry() {

@@ -7,6 +7,9 @@ int GetIsWIPImprovementEnabled();
 int GetIsWIPInvalidateOnTPDeleteEnabled();
 int GetIs3AxisFeatImprovementEnabled();
 int GetIsDynamicWIPDisplayEnabled();
+// "PrimeTurningSupport" on the Debug key, default 0. The name is this library's choice, made to
+// stand beside the other prime-turning values.
+int GetIsPrimeTurningRegSupport();
 int GetIsPrimeTurningForFaceFinishRegSupport();
 int GetIsPrimeTurningSupportsAllStrategies();
 int GetIsPrimeTurningSupportsRetractDistance();
@@ -25,6 +28,8 @@ void GetLegacyTurnDataRegistryData(int& exists, int& value);
 // Fixed answers.
 int orv_getIsCRF1363ShareRegistryEnabled(); // always 1
 int orv_getIsWorkAreaSpindleEnabled();      // always 0
+// 1 exactly when GetIsPrimeTurningRegSupport() answers 1.
+int IsPrimeTurnSupported();
 
 // First-run writers: each writes its default on HKEY_CURRENT_USER when the value is missing and
 // never changes an existing value. Each answers 1 when it wrote.

@@ -9,12 +9,19 @@ struct AFX_MODULE_STATE;
 
 class OrvAfx {
 public:
-    // Empty arguments are ignored, so none of these can be cleared again.
+    // Empty arguments are ignored, so none of these can be cleared again. SetWinApp also takes
+    // the main window of the calling thread's framework thread, when the use-own-state flag is
+    // set and there is one.
     static void SetWinApp(CWinApp* app);
     static void SetMainHWnd(HWND window);
     static void SetModuleState(AFX_MODULE_STATE* state);
 
+    // The stored application, else the module state's.
     static CWinApp* GetWinApp();
+    // The main window of GetWinApp(), or null. Windows are known by their handles here, so this
+    // answers the handle.
+    static HWND GetMainWnd();
+    // The stored handle, else GetMainWnd().
     static HWND GetMainHWnd();
     static AFX_MODULE_STATE* GetModuleState();
 

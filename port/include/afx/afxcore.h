@@ -2,6 +2,7 @@
 #pragma once
 
 #include "mfc/CArchive.h"
+#include "mfc/CDumpContext.h"
 #include "mfc/CException.h"
 #include "mfc/CFile.h"
 #include "mfc/CMemFile.h"

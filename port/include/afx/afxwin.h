@@ -1,8 +1,9 @@
-// The window-side value types: points, sizes and rectangles.
+// The window side: points, sizes, rectangles and the application and thread objects.
 #pragma once
 
 #include "afx.h"
 #include "mfc/CPoint.h"
 #include "mfc/CRect.h"
 #include "mfc/CSize.h"
+#include "mfc/CWinApp.h"
 #include "win/rect.h"

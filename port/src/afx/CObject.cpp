@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "mfc/CArchive.h"
+#include "mfc/CDumpContext.h"
 #include "port/TextConversion.h"
 
 namespace {
@@ -37,6 +38,13 @@ CRuntimeClass* CObject::GetRuntimeClass() const {
 }
 
 void CObject::Serialize(CArchive&) {}
+
+void CObject::AssertValid() const {}
+
+void CObject::Dump(CDumpContext& dc) const {
+    dc << "a " << GetRuntimeClass()->m_lpszClassName << " at " << static_cast<const void*>(this)
+       << "\n";
+}
 
 BOOL CObject::IsSerializable() const {
     return GetRuntimeClass()->m_wSchema != 0xFFFF;

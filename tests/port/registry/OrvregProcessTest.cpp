@@ -215,7 +215,8 @@ TEST_F(Orvreg, StoreThatCannotBeWrittenRefusesWrites) {
     const Outcome query = RunIn(shared, {"query", "HKLM\\Software\\T", "/v", "a"}, user);
     EXPECT_EQ(0, query.status) << query.err;
     EXPECT_NE(std::string::npos, query.out.find("a    REG_SZ    b"));
-    const Outcome write = RunIn(shared, {"add", "HKLM\\Software\\T", "/v", "a", "/d", "c"}, user);
+    const Outcome write =
+        RunIn(shared, {"add", "HKLM\\Software\\T", "/v", "a", "/d", "c", "/f"}, user);
     EXPECT_NE(0, write.status);
     EXPECT_NE(std::string::npos, write.err.find("access denied")) << write.err;
     chmod(shared.c_str(), 0755);

@@ -6,6 +6,7 @@
 
 class CObject;
 class CArchive;
+class CDumpContext;
 
 // Set in a schema to let one class read the versions written by its older layouts.
 #define VERSIONABLE_SCHEMA (0x80000000)
@@ -49,6 +50,12 @@ public:
     virtual ~CObject() = default;
 
     virtual void Serialize(CArchive& ar);
+    // Checks the object's invariants. At this level there is nothing to check beyond the object
+    // existing; a class overrides it to check its own members and calls its base first.
+    virtual void AssertValid() const;
+    // Writes the object for diagnostics; at this level "a <class> at $<address>" and a new line.
+    // A class overrides it to add its members and calls its base first.
+    virtual void Dump(CDumpContext& dc) const;
     BOOL IsSerializable() const;
     BOOL IsKindOf(const CRuntimeClass* pClass) const;
 
