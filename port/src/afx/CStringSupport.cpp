@@ -1,4 +1,4 @@
-// Case mapping and collation behind CString.
+// CString's character traits: case mapping, collation, formatting, width conversion, resources.
 #include <clocale>
 #include <cstring>
 #include <cwchar>
@@ -6,6 +6,7 @@
 #include <locale.h>
 
 #include "mfc/CString.h"
+#include "port/TextConversion.h"
 
 namespace port {
 namespace {
@@ -21,35 +22,54 @@ locale_t CaseLocale() {
 }
 
 } // namespace
+} // namespace port
 
-wchar_t ToLowerChar(wchar_t ch) {
-    const locale_t locale = CaseLocale();
+int ChTraitsCRT<wchar_t>::AppendFormatV(std::wstring& out, const wchar_t* format, va_list args) {
+    return port::AppendFormatV(out, format, args);
+}
+
+int ChTraitsCRT<char>::AppendFormatV(std::string& out, const char* format, va_list args) {
+    return port::AppendFormatV(out, format, args);
+}
+
+std::wstring ChTraitsCRT<wchar_t>::FromOtherWidth(std::string_view text) {
+    return port::NarrowToWide(text);
+}
+
+std::string ChTraitsCRT<char>::FromOtherWidth(std::wstring_view text) {
+    return port::WideToNarrow(text);
+}
+
+bool ChTraitsCRT<wchar_t>::LoadString(UINT id, std::wstring& text) {
+    return port::LoadStringResource(id, text);
+}
+
+wchar_t ChTraitsCRT<wchar_t>::CharToLower(wchar_t ch) {
+    const locale_t locale = port::CaseLocale();
     return static_cast<wchar_t>(locale ? towlower_l(static_cast<wint_t>(ch), locale)
                                        : std::towlower(static_cast<wint_t>(ch)));
 }
 
-wchar_t ToUpperChar(wchar_t ch) {
-    const locale_t locale = CaseLocale();
+wchar_t ChTraitsCRT<wchar_t>::CharToUpper(wchar_t ch) {
+    const locale_t locale = port::CaseLocale();
     return static_cast<wchar_t>(locale ? towupper_l(static_cast<wint_t>(ch), locale)
                                        : std::towupper(static_cast<wint_t>(ch)));
 }
 
-char ToLowerChar(char ch) {
+char ChTraitsCRT<char>::CharToLower(char ch) {
     return (ch >= 'A' && ch <= 'Z') ? static_cast<char>(ch + 32) : ch;
 }
 
-char ToUpperChar(char ch) {
+char ChTraitsCRT<char>::CharToUpper(char ch) {
     return (ch >= 'a' && ch <= 'z') ? static_cast<char>(ch - 32) : ch;
 }
 
-int CollateStrings(const wchar_t* a, const wchar_t* b) {
+int ChTraitsCRT<wchar_t>::StringCollate(const wchar_t* a, const wchar_t* b) {
     const int c = std::wcscoll(a, b);
     return (c > 0) - (c < 0);
 }
 
-int CollateStrings(const char* a, const char* b) {
+int ChTraitsCRT<char>::StringCollate(const char* a, const char* b) {
     const int c = std::strcoll(a, b);
     return (c > 0) - (c < 0);
 }
-
-} // namespace port

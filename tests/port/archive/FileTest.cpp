@@ -8,6 +8,7 @@
 
 #include "ArchiveTestClasses.h"
 #include "support/ArchiveRoundTrip.h"
+#include "port/TextConversion.h"
 #include "support/TempFolder.h"
 
 namespace {

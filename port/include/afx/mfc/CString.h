@@ -13,23 +13,32 @@
 
 #include "mfc/StringFormat.h"
 #include "mfc/StringResources.h"
-#include "port/TextConversion.h"
+#include "port/Export.h"
 #include "win/types.h"
 
-namespace port {
+// The character traits of CStringT, as MFC names them: what the string's inline members need
+// from the library. Wide text case-maps by Unicode's simple mapping whatever the process locale,
+// narrow (UTF-8) text in its ASCII letters only; collation follows the process's locale;
+// formatting follows the Microsoft runtime (mfc/StringFormat.h); the other width converts through
+// UTF-8; resource strings come from the installed loader.
+template <typename T> struct ChTraitsCRT;
 
-// Case mapping for CString: wide characters by Unicode's simple mapping, whatever the process
-// locale; narrow (UTF-8) text changes its ASCII letters only.
-wchar_t ToLowerChar(wchar_t ch);
-wchar_t ToUpperChar(wchar_t ch);
-char ToLowerChar(char ch);
-char ToUpperChar(char ch);
+template <> struct ORV_API ChTraitsCRT<wchar_t> {
+    static wchar_t CharToLower(wchar_t ch);
+    static wchar_t CharToUpper(wchar_t ch);
+    static int StringCollate(const wchar_t* a, const wchar_t* b);
+    static int AppendFormatV(std::wstring& out, const wchar_t* format, va_list args);
+    static std::wstring FromOtherWidth(std::string_view text);
+    static bool LoadString(UINT id, std::wstring& text);
+};
 
-// Ordering by the process's collation locale (wcscoll, strcoll).
-int CollateStrings(const wchar_t* a, const wchar_t* b);
-int CollateStrings(const char* a, const char* b);
-
-} // namespace port
+template <> struct ORV_API ChTraitsCRT<char> {
+    static char CharToLower(char ch);
+    static char CharToUpper(char ch);
+    static int StringCollate(const char* a, const char* b);
+    static int AppendFormatV(std::string& out, const char* format, va_list args);
+    static std::string FromOtherWidth(std::wstring_view text);
+};
 
 template <typename T> class CStringT {
 public:
@@ -139,11 +148,11 @@ public:
         return a.Compare(b.GetString());
     }
     int Collate(const T* other) const {
-        return port::CollateStrings(GetString(), other ? other : L0());
+        return ChTraitsCRT<T>::StringCollate(GetString(), other ? other : L0());
     }
     int CollateNoCase(const T* other) const {
-        return port::CollateStrings(CStringT(*this).MakeLower().GetString(),
-                                    CStringT(other).MakeLower().GetString());
+        return ChTraitsCRT<T>::StringCollate(CStringT(*this).MakeLower().GetString(),
+                                             CStringT(other).MakeLower().GetString());
     }
 
     // Extraction: counts and positions are clamped to the string.
@@ -231,12 +240,12 @@ public:
 
     CStringT& MakeLower() {
         for (T& ch : m_text)
-            ch = port::ToLowerChar(ch);
+            ch = ChTraitsCRT<T>::CharToLower(ch);
         return *this;
     }
     CStringT& MakeUpper() {
         for (T& ch : m_text)
-            ch = port::ToUpperChar(ch);
+            ch = ChTraitsCRT<T>::CharToUpper(ch);
         return *this;
     }
     CStringT& MakeReverse() {
@@ -294,7 +303,7 @@ public:
     // The string resource id through the installed loader; FALSE leaves the string empty.
     BOOL LoadString(UINT id) {
         std::wstring text;
-        const bool found = port::LoadStringResource(id, text);
+        const bool found = ChTraitsCRT<wchar_t>::LoadString(id, text);
         m_text = Convert(text);
         return found ? TRUE : FALSE;
     }
@@ -306,7 +315,7 @@ public:
         va_list args;
         va_start(args, format);
         StringType text;
-        const int count = port::AppendFormatV(text, format, args);
+        const int count = ChTraitsCRT<T>::AppendFormatV(text, format, args);
         va_end(args);
         Take(count, std::move(text));
     }
@@ -316,20 +325,20 @@ public:
         va_list args;
         va_start(args, formatId);
         StringType text;
-        const int count = port::AppendFormatV(text, format.GetString(), args);
+        const int count = ChTraitsCRT<T>::AppendFormatV(text, format.GetString(), args);
         va_end(args);
         Take(count, std::move(text));
     }
     void FormatV(const T* format, va_list args) {
         StringType text;
-        const int count = port::AppendFormatV(text, format, args);
+        const int count = ChTraitsCRT<T>::AppendFormatV(text, format, args);
         Take(count, std::move(text));
     }
     void AppendFormat(const T* format, ...) {
         va_list args;
         va_start(args, format);
         StringType text;
-        const int count = port::AppendFormatV(text, format, args);
+        const int count = ChTraitsCRT<T>::AppendFormatV(text, format, args);
         va_end(args);
         Take(count, m_text + text);
     }
@@ -355,10 +364,8 @@ private:
     template <typename Y> static StringType Convert(std::basic_string_view<Y> text) {
         if constexpr (std::is_same_v<Y, T>)
             return StringType(text);
-        else if constexpr (std::is_same_v<T, wchar_t>)
-            return port::NarrowToWide(text);
         else
-            return port::WideToNarrow(text);
+            return ChTraitsCRT<T>::FromOtherWidth(text);
     }
     template <typename Y> static StringType Convert(const std::basic_string<Y>& text) {
         return Convert(std::basic_string_view<Y>(text));
