@@ -1,7 +1,7 @@
 #include "environment/CutbaseAccessSetup.h"
 
-#include "frame/CKelEnvApp.h"
-#include "frame/OrvAppEnv.h"
+#include "environment/CKelEnvApp.h"
+#include "environment/OrvAppEnv.h"
 #include "frame/RegistryHelpers.h"
 #include "settings/OrvSettingsKey.h"
 
