@@ -2,13 +2,15 @@
 // points scaled and divides each by the scale on reading.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstddef>
 #include <utility>
 #include <vector>
 
 #include "geometry/FRPosition.h"
 
-class AFR_Lin_List {
+class ORV_API AFR_Lin_List {
 public:
     using iterator = std::vector<FRPosition>::iterator;
     using const_iterator = std::vector<FRPosition>::const_iterator;

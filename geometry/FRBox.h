@@ -1,12 +1,14 @@
 // FRBox: an axis-aligned box, one FRInterval per axis.
 #pragma once
 
+#include "port/Export.h"
+
 #include <vector>
 
 #include "geometry/FRInterval.h"
 #include "geometry/FRPosition.h"
 
-class FRBox {
+class ORV_API FRBox {
 public:
     // The box of the origin alone.
     constexpr FRBox() = default;
@@ -34,4 +36,4 @@ private:
 };
 
 // The smallest box that holds the points; the box of the origin alone when there are none.
-FRBox CreateBoxFromPoints(const std::vector<FRPosition>& points);
+ORV_API FRBox CreateBoxFromPoints(const std::vector<FRPosition>& points);

@@ -1,12 +1,14 @@
 // Tolerances and constants of the geometry kernel.
 #pragma once
 
+#include "port/Export.h"
+
 // Absolute length tolerance: two positions closer than this are the same point.
 inline constexpr double RESABS = 1e-6;
 
 // Normal (direction) tolerance. A global that callers may change for a while:
 // OrvCorrectionForRESNOR saves and sets it.
-extern double RESNOR;
+ORV_API extern double RESNOR;
 
 // The default of RESNOR.
 inline constexpr double RESNOR_DEFAULT = 1e-10;

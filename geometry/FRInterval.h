@@ -1,7 +1,9 @@
 // FRInterval: the closed range [start, end] of one coordinate.
 #pragma once
 
-class FRInterval {
+#include "port/Export.h"
+
+class ORV_API FRInterval {
 public:
     constexpr FRInterval() = default;
     constexpr FRInterval(double start, double end) : m_start(start), m_end(end) {}

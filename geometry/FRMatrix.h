@@ -2,11 +2,13 @@
 // vector times the matrix is v * M, and the rows are the images of the X, Y and Z axes.
 #pragma once
 
+#include "port/Export.h"
+
 #include <array>
 
 #include "geometry/FRVector.h"
 
-class FRMatrix {
+class ORV_API FRMatrix {
 public:
     // The identity.
     constexpr FRMatrix() : m_rows{FRVector(1, 0, 0), FRVector(0, 1, 0), FRVector(0, 0, 1)} {}
@@ -32,12 +34,12 @@ private:
     std::array<FRVector, 3> m_rows;
 };
 
-FRMatrix operator*(const FRMatrix& a, const FRMatrix& b);
-FRMatrix operator+(const FRMatrix& a, const FRMatrix& b);
-FRMatrix operator-(const FRMatrix& a, const FRMatrix& b);
-FRMatrix operator*(const FRMatrix& m, double s);
+ORV_API FRMatrix operator*(const FRMatrix& a, const FRMatrix& b);
+ORV_API FRMatrix operator+(const FRMatrix& a, const FRMatrix& b);
+ORV_API FRMatrix operator-(const FRMatrix& a, const FRMatrix& b);
+ORV_API FRMatrix operator*(const FRMatrix& m, double s);
 // Row vector times matrix.
-FRVector operator*(const FRVector& v, const FRMatrix& m);
+ORV_API FRVector operator*(const FRVector& v, const FRMatrix& m);
 
 // Equal when no element differs by RESNOR or more.
-bool operator==(const FRMatrix& a, const FRMatrix& b);
+ORV_API bool operator==(const FRMatrix& a, const FRMatrix& b);

@@ -1,11 +1,13 @@
 // FRPosition: a point in space, three doubles.
 #pragma once
 
+#include "port/Export.h"
+
 #include "geometry/FRVector.h"
 
 class FRUnitVector;
 
-class FRPosition {
+class ORV_API FRPosition {
 public:
     constexpr FRPosition() = default;
     constexpr FRPosition(double x, double y, double z) : m_x(x), m_y(y), m_z(z) {}
@@ -49,11 +51,11 @@ constexpr FRPosition operator/(const FRPosition& p, double s) {
 }
 
 // Equal when the points are closer than RESABS.
-bool operator==(const FRPosition& a, const FRPosition& b);
+ORV_API bool operator==(const FRPosition& a, const FRPosition& b);
 
-double distance(const FRPosition& a, const FRPosition& b);
+ORV_API double distance(const FRPosition& a, const FRPosition& b);
 
 // The foot of p on the plane through planePoint with the given normal; p itself when the normal is
 // null.
-FRPosition project_on_plane(const FRPosition& p, const FRPosition& planePoint,
-                            const FRUnitVector& normal);
+ORV_API FRPosition project_on_plane(const FRPosition& p, const FRPosition& planePoint,
+                                    const FRUnitVector& normal);

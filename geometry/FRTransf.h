@@ -6,12 +6,14 @@
 // and a vector is mapped the same way without the translation. A * B applies A first, then B.
 #pragma once
 
+#include "port/Export.h"
+
 #include "geometry/FRMatrix.h"
 #include "geometry/FRPosition.h"
 #include "geometry/FRUnitVector.h"
 #include "geometry/FRVector.h"
 
-class FRTransf {
+class ORV_API FRTransf {
 public:
     // The identity.
     FRTransf() = default;
@@ -55,24 +57,24 @@ private:
 };
 
 // First a, then b.
-FRTransf operator*(const FRTransf& a, const FRTransf& b);
-FRPosition operator*(const FRPosition& p, const FRTransf& t);
-FRVector operator*(const FRVector& v, const FRTransf& t);
+ORV_API FRTransf operator*(const FRTransf& a, const FRTransf& b);
+ORV_API FRPosition operator*(const FRPosition& p, const FRTransf& t);
+ORV_API FRVector operator*(const FRVector& v, const FRTransf& t);
 // Direction under the transform, normalised again (see FRUnitVector::operator*=).
-FRUnitVector operator*(const FRUnitVector& v, const FRTransf& t);
-FRPosition& operator*=(FRPosition& p, const FRTransf& t);
-FRVector& operator*=(FRVector& v, const FRTransf& t);
+ORV_API FRUnitVector operator*(const FRUnitVector& v, const FRTransf& t);
+ORV_API FRPosition& operator*=(FRPosition& p, const FRTransf& t);
+ORV_API FRVector& operator*=(FRVector& v, const FRTransf& t);
 
 // The same map: scale x affine within RESNOR element by element, translations within RESABS.
-bool operator==(const FRTransf& a, const FRTransf& b);
+ORV_API bool operator==(const FRTransf& a, const FRTransf& b);
 
 // Right-handed rotation by angle (radians) about axis through the origin: looking down the axis
 // towards the origin, the turn is anticlockwise. A null axis gives the identity.
-FRTransf GetRotateTransf(double angle, const FRUnitVector& axis);
+ORV_API FRTransf GetRotateTransf(double angle, const FRUnitVector& axis);
 // Uniform scaling about the origin.
-FRTransf GetScaleTransf(double scale);
-FRTransf GetTranslateTransf(const FRVector& v);
+ORV_API FRTransf GetScaleTransf(double scale);
+ORV_API FRTransf GetTranslateTransf(const FRVector& v);
 
 // The rigid transform that moves origin to the origin and turns normal onto +Z by the smallest
 // rotation; a half turn about X when normal is -Z. A null normal gives the translation alone.
-FRTransf get_transform_to_xy_plane(const FRUnitVector& normal, const FRPosition& origin);
+ORV_API FRTransf get_transform_to_xy_plane(const FRUnitVector& normal, const FRPosition& origin);

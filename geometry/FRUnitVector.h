@@ -2,11 +2,13 @@
 // (normalising a null or non-finite vector).
 #pragma once
 
+#include "port/Export.h"
+
 #include "geometry/FRVector.h"
 
 class FRTransf;
 
-class FRUnitVector {
+class ORV_API FRUnitVector {
 public:
     // The null vector.
     constexpr FRUnitVector() = default;
@@ -46,7 +48,7 @@ inline constexpr FRUnitVector FRYAxis = FRUnitVector::Axis(1);
 inline constexpr FRUnitVector FRZAxis = FRUnitVector::Axis(2);
 
 // Equal when the directions differ by less than RESNOR (the length of the difference).
-bool operator==(const FRUnitVector& a, const FRUnitVector& b);
+ORV_API bool operator==(const FRUnitVector& a, const FRUnitVector& b);
 
 // v divided by its length; the null vector when v has no direction.
-FRUnitVector normalize(const FRVector& v);
+ORV_API FRUnitVector normalize(const FRVector& v);

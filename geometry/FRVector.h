@@ -1,7 +1,9 @@
 // FRVector: a free vector of three doubles (a direction with a length).
 #pragma once
 
-class FRVector {
+#include "port/Export.h"
+
+class ORV_API FRVector {
 public:
     constexpr FRVector() = default;
     constexpr FRVector(double x, double y, double z) : m_x(x), m_y(y), m_z(z) {}
@@ -56,8 +58,8 @@ constexpr double operator%(const FRVector& a, const FRVector& b) {
 }
 
 // Equal when the difference is shorter than RESABS.
-bool operator==(const FRVector& a, const FRVector& b);
+ORV_API bool operator==(const FRVector& a, const FRVector& b);
 
 // 1 when a and b point the same way, -1 when opposite, 0 otherwise or when either is null. The test
 // is on the sine of the angle between them, against RESNOR.
-int parallel(const FRVector& a, const FRVector& b);
+ORV_API int parallel(const FRVector& a, const FRVector& b);

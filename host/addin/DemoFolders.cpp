@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "mfc/StringFormat.h"
+#include "addin/AddinText.h"
 #include "objects/OrvFeaturesFolder.h"
 #include "objects/OrvFolderObList.h"
 
@@ -28,13 +28,13 @@ void DumpLevel(const CObList& level, int depth, FILE* file) {
     for (POSITION pos = level.GetHeadPosition(); pos;) {
         CObject* entry = level.GetNext(pos);
         for (int indent = 0; indent < depth; ++indent)
-            port::FilePrintf(file, L"  ");
+            AddinPrint(file, L"  ");
         if (auto* folder = DYNAMIC_DOWNCAST(OrvBaseFolder, entry)) {
-            port::FilePrintf(file, L"[%s] (id %d)\n", folder->GetName().GetString(),
-                             folder->GetFolderId());
+            AddinPrint(file, L"[%s] (id %d)\n", folder->GetName().GetString(),
+                       folder->GetFolderId());
             DumpLevel(folder->Children(), depth + 1, file);
         } else if (auto* object = DYNAMIC_DOWNCAST(OrvObject, entry)) {
-            port::FilePrintf(file, L"%s\n", object->Name().GetString());
+            AddinPrint(file, L"%s\n", object->Name().GetString());
         }
     }
 }
@@ -59,14 +59,13 @@ void BuildDemoFolders(OrvFolderObList& list, const CObList& features, OrvObject*
 void DumpFolderViews(const OrvFolderObList& list, FILE* file) {
     if (!file)
         return;
-    port::FilePrintf(file, L"Flat list: %d objects\n", static_cast<int>(list.GetCount()));
+    AddinPrint(file, L"Flat list: %d objects\n", static_cast<int>(list.GetCount()));
     int number = 0;
     for (POSITION pos = list.GetHeadPosition(); pos;) {
         OrvObject* object = list.GetNext(pos);
-        port::FilePrintf(file, L"%4d %s\n", ++number,
-                         object ? object->Name().GetString() : L"(null)");
+        AddinPrint(file, L"%4d %s\n", ++number, object ? object->Name().GetString() : L"(null)");
     }
-    port::FilePrintf(file, L"Folder tree:\n");
+    AddinPrint(file, L"Folder tree:\n");
     if (const OrvFolderManager* manager = list.GetFolderManager())
         DumpLevel(manager->TopLevel(), 1, file);
 }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "addin/AddinText.h"
+
 IMPLEMENT_SERIAL(DocNode, OrvObject, VERSIONABLE_SCHEMA | 1)
 IMPLEMENT_SERIAL(DocFolder, DocNode, VERSIONABLE_SCHEMA | 1)
 IMPLEMENT_SERIAL(NodeDocument, OrvObject, VERSIONABLE_SCHEMA | 1)
@@ -189,12 +191,16 @@ void NodeDocument::Serialize(CArchive& ar) {
     m_pIndexer = indexer ? indexer : new OrvObjectIndexerHelper;
 }
 
+// The banners around the document's dump, in the form the library's own dumps use.
+constexpr const wchar_t* kBanner =
+    L"\n============================ NodeDocument %s ================================\n";
+
 void NodeDocument::DumpData(FILE* file) {
     if (!file)
         return;
-    OrvDumpBanner(file, L"NodeDocument", L"Start");
+    AddinPrint(file, kBanner, L"Start");
     OrvObject::DumpData(file);
-    port::FilePrintf(file, L"\n m_LastId: %d", static_cast<int>(m_LastId));
+    AddinPrint(file, L"\n m_LastId: %d", static_cast<int>(m_LastId));
     for (POSITION pos = m_Nodes.GetHeadPosition(); pos;) {
         auto* node = static_cast<OrvObject*>(m_Nodes.GetNext(pos));
         node->DumpData(file);
@@ -204,5 +210,5 @@ void NodeDocument::DumpData(FILE* file) {
     }
     if (m_pIndexer)
         m_pIndexer->DumpData(file);
-    OrvDumpBanner(file, L"NodeDocument", L"End");
+    AddinPrint(file, kBanner, L"End");
 }

@@ -9,16 +9,15 @@
 #include <vector>
 
 #include "core/OrvHostCallbacks.h"
+#include "core/OrvLoadTracker.h"
 #include "mfc/CArchive.h"
 #include "mfc/CException.h"
 #include "objects/CFlaggedError.h"
 #include "objects/OrvBaseFolder.h"
 #include "objects/OrvFolderObList.h"
-#include "core/OrvLoadTracker.h"
 #include "objects/OrvNodeLoadScope.h"
 #include "objects/OrvObject.h"
 #include "objects/OrvObjectIndexerHelper.h"
-#include "core/OrvDumpBanner.h"
 
 // A node with a flag. The flag's message id is the class's own, set at construction.
 class DocNode : public OrvObject {

@@ -11,8 +11,6 @@
 #include "diagnostics/Outcome.h"
 #include "environment/CKelEnvApp.h"
 #include "environment/OrvAppEnv.h"
-#include "mfc/StringFormat.h"
-#include "port/TextConversion.h"
 
 namespace {
 
@@ -27,12 +25,15 @@ struct MessageOptions {
     std::wstring text;
 };
 
+std::wstring Widen(const std::string& text) {
+    return CString(text.c_str()).GetString();
+}
+
 void SplitLabels(const std::string& list, MessageOptions& options) {
     std::size_t start = 0;
     while (options.labelCount < 3) {
         const std::size_t comma = list.find(',', start);
-        options.labels[options.labelCount++] =
-            port::NarrowToWide(list.substr(start, comma - start));
+        options.labels[options.labelCount++] = Widen(list.substr(start, comma - start));
         if (comma == std::string::npos)
             break;
         start = comma + 1;
@@ -59,7 +60,7 @@ bool ParseOptions(const orvhost::Arguments& arguments, MessageOptions& options) 
         else if (argument.rfind("--", 0) == 0)
             return false;
         else
-            options.text += (options.text.empty() ? L"" : L" ") + port::NarrowToWide(argument);
+            options.text += (options.text.empty() ? L"" : L" ") + Widen(argument);
     }
     return options.messageId != 0 || !options.text.empty();
 }
@@ -91,15 +92,16 @@ int RunMessage(const orvhost::Arguments& arguments) {
 }
 
 void Print(const wchar_t* label, const CString& value) {
-    port::FilePrintf(stdout, L"%-28s %s\n", label, value.GetString());
+    CString line;
+    line.Format(L"%-28s %s\n", label, value.GetString());
+    std::fputs(CStringA(line).GetString(), stdout);
 }
 
 int RunEnv(const orvhost::Arguments& arguments) {
     const std::filesystem::path install =
         std::filesystem::absolute(arguments.empty() ? ORV_DEFAULT_INSTALL_DIR : arguments[0]);
     // The library's file stands in the install folder, as it does in an installation.
-    CKelEnvApp::SetModuleFilePathOverride(
-        port::NarrowToWide((install / "libKELSHAREu.so").string()).c_str());
+    CKelEnvApp::SetModuleFilePathOverride(CString((install / "libKELSHAREu.so").string().c_str()));
     orvhost::StartLibrary();
     CKelEnvApp* env = AppEnv();
     CString number;

@@ -1,13 +1,15 @@
 // OrvBaseObject: the serialisable root of everything that goes into a document.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstdio>
 
 #include "mfc/CArchive.h"
 #include "mfc/CObject.h"
 #include "mfc/CString.h"
 
-class OrvBaseObject : public CObject {
+class ORV_API OrvBaseObject : public CObject {
     DECLARE_SERIAL(OrvBaseObject)
 public:
     OrvBaseObject();

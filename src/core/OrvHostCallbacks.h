@@ -6,6 +6,8 @@
 // does is part of its contract.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstdarg>
 
 #include "mfc/CString.h"
@@ -44,7 +46,7 @@ using PFN_GetActiveAutoIdHelper = OrvObjectIndexerHelper* (*)();
 using PFN_GetActivePPMHelper = OrvObject* (*)();
 
 // Stores all twenty pointers, empty ones included; a second call replaces them.
-void OrvShareRegisterDocCBK(
+ORV_API void OrvShareRegisterDocCBK(
     PFN_IsMetricUnit isMetricUnit, PFN_GetNewObjectId getNewObjectId,
     PFN_GetActiveDocument getActiveDocument, PFN_OrvMessage message, PFN_OrvProgress progress,
     PFN_IsUserJobCancelled isUserJobCancelled, PFN_GetActiveDocSettings getActiveDocSettings,
@@ -58,41 +60,41 @@ void OrvShareRegisterDocCBK(
     PFN_GetIsTurnYZAxisRev getIsTurnYZAxisRev);
 
 // Stores the four document-side providers, empty ones included. Always answers 1.
-int orvshare_init(PFN_GetActiveAutoIdHelper getActiveAutoIdHelper,
-                  PFN_GetActivePPMHelper getActivePPMHelper,
-                  PFN_GetActivePPMHelper getActiveBasePPMHelper,
-                  PFN_GetActivePPMHelper getActiveCorePPMHelper);
+ORV_API int orvshare_init(PFN_GetActiveAutoIdHelper getActiveAutoIdHelper,
+                          PFN_GetActivePPMHelper getActivePPMHelper,
+                          PFN_GetActivePPMHelper getActiveBasePPMHelper,
+                          PFN_GetActivePPMHelper getActiveCorePPMHelper);
 
 // Accessors of the first table; the comment gives the answer while the slot is empty.
-int IsMetricUnit();                                  // 1
-unsigned long GetNewObjectIdCB();                    // 0
-OrvObject* GetActiveDocument();                      // faults
-int OrvMessageCallback(unsigned int id, ...);        // 0
-int OrvProgressCallback(long long progress);         // 0
-int IsUserJobCancelled();                            // 0
-OrvSettingsKey* GetActiveDocSettingsCB();            // null
-OrvSettingsKey* GetAppSettingsCB();                  // null
-OrvFeedColorsSettings* GetAppFeedColorSettingsCB();  // null
-ProductInfo* GetProductInfoCB();                     // null
-CString GetProductSpecificStringCB(unsigned int id); // empty string
+ORV_API int IsMetricUnit();                                  // 1
+ORV_API unsigned long GetNewObjectIdCB();                    // 0
+ORV_API OrvObject* GetActiveDocument();                      // faults
+ORV_API int OrvMessageCallback(unsigned int id, ...);        // 0
+ORV_API int OrvProgressCallback(long long progress);         // 0
+ORV_API int IsUserJobCancelled();                            // 0
+ORV_API OrvSettingsKey* GetActiveDocSettingsCB();            // null
+ORV_API OrvSettingsKey* GetAppSettingsCB();                  // null
+ORV_API OrvFeedColorsSettings* GetAppFeedColorSettingsCB();  // null
+ORV_API ProductInfo* GetProductInfoCB();                     // null
+ORV_API CString GetProductSpecificStringCB(unsigned int id); // empty string
 // Writes -1 (alerts on) into *alerts, then lets the add-in change it; faults while the slot is
 // empty. A null `alerts` does nothing.
-void GetAppDisplayAlerts(short* alerts);
-int GetExceptionReportAllowedCB();              // 0
-CString GetStockGroupName();                    // faults
-OrvObject* GetCorrespondingDoc(OrvObject* doc); // faults
-int gGetAppSilentModeFlag();                    // 0
-int GetIsDocFullyLoaded();                      // 0
-int orv_getIsWorkpieceSTLStock();               // faults
-int orv_GetIsTurnYZAxisRev(OrvObject* object);  // 0
+ORV_API void GetAppDisplayAlerts(short* alerts);
+ORV_API int GetExceptionReportAllowedCB();              // 0
+ORV_API CString GetStockGroupName();                    // faults
+ORV_API OrvObject* GetCorrespondingDoc(OrvObject* doc); // faults
+ORV_API int gGetAppSilentModeFlag();                    // 0
+ORV_API int GetIsDocFullyLoaded();                      // 0
+ORV_API int orv_getIsWorkpieceSTLStock();               // faults
+ORV_API int orv_GetIsTurnYZAxisRev(OrvObject* object);  // 0
 
 // The host's language name. It starts as "english"; only when it has been set empty is the
 // add-in asked (slot 16, else "english"), and the answer is kept.
-void SetHaldenLangName(CString name);
-CString GetHaldenLangName();
+ORV_API void SetHaldenLangName(CString name);
+ORV_API CString GetHaldenLangName();
 
 // Accessors of the second table.
-OrvObjectIndexerHelper* orv_getActiveAutoIdHelper(); // null
-OrvObject* orv_getActivePPMHelper();                 // faults
-OrvObject* orv_getActiveBasePPMHelper();             // faults
-OrvObject* orv_getActiveCorePPMHelper();             // faults
+ORV_API OrvObjectIndexerHelper* orv_getActiveAutoIdHelper(); // null
+ORV_API OrvObject* orv_getActivePPMHelper();                 // faults
+ORV_API OrvObject* orv_getActiveBasePPMHelper();             // faults
+ORV_API OrvObject* orv_getActiveCorePPMHelper();             // faults

@@ -7,11 +7,13 @@
 // (once); anything else belongs to someone else.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstddef>
 
 class CObject;
 
-class OrvLoadTracker {
+class ORV_API OrvLoadTracker {
 public:
     // Opens the thread's tracking (or joins the one already open) and marks `loading`, the object
     // whose Serialize runs, as busy until the last tracker opened for it closes.

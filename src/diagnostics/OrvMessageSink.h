@@ -3,6 +3,8 @@
 // callback, the scripted-answer service, may answer a box before it is shown.
 #pragma once
 
+#include "port/Export.h"
+
 #include <functional>
 #include <optional>
 
@@ -13,14 +15,14 @@
 class CWnd;
 
 // How the buttons move when long labels need room: pixels, in the box's client co-ordinates.
-struct OrvButtonLayoutChange {
+struct ORV_API OrvButtonLayoutChange {
     int yesMoveLeft = 0;
     int noMoveLeft = 0;
     int noGrowWider = 0;
 };
 
 // Everything one box shows.
-struct OrvMessageBoxRequest {
+struct ORV_API OrvMessageBoxRequest {
     CWnd* ownerWindow = nullptr; // the Outcome's parent, when it has one
     HWND ownerHandle = nullptr;  // the main window otherwise
     CString text;
@@ -45,14 +47,15 @@ using OrvScriptedAnswerService =
 
 // Installs the sink; an empty function restores the default, which writes the box to standard
 // error and answers IDYES, what silent running answers.
-void SetOrvMessageSink(OrvMessageSink sink);
+ORV_API void SetOrvMessageSink(OrvMessageSink sink);
 // Installs the scripted-answer service; an empty function removes it.
-void SetOrvScriptedAnswerService(OrvScriptedAnswerService service);
+ORV_API void SetOrvScriptedAnswerService(OrvScriptedAnswerService service);
 
 // Shows a box through the installed sink.
-int ShowOrvMessageBox(const OrvMessageBoxRequest& box);
+ORV_API int ShowOrvMessageBox(const OrvMessageBoxRequest& box);
 // The installed service's answer, if there is a service and it answers.
-std::optional<int> AskOrvScriptedAnswerService(UINT style, UINT messageId, const CString& text);
+ORV_API std::optional<int> AskOrvScriptedAnswerService(UINT style, UINT messageId,
+                                                       const CString& text);
 
 // The default sink's rendering of a box, as written to standard error.
-CString DescribeOrvMessageBox(const OrvMessageBoxRequest& box);
+ORV_API CString DescribeOrvMessageBox(const OrvMessageBoxRequest& box);

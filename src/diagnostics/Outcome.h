@@ -3,6 +3,8 @@
 // message sink, unless running silent.
 #pragma once
 
+#include "port/Export.h"
+
 #include "diagnostics/OrvMessageSink.h"
 #include "mfc/CString.h"
 #include "win/types.h"
@@ -22,7 +24,7 @@ enum SeverityIndex {
 // What Display answers when neither a box nor the service showed anything.
 constexpr int ORV_OUTCOME_NOT_SHOWN = -101;
 
-class Outcome {
+class ORV_API Outcome {
 public:
     Outcome(int status = 0, SeverityIndex severity = SEVERITY_ERROR, unsigned int captionId = 0,
             unsigned long helpContext = 0xFFFFFFFF, CWnd* parent = nullptr,
@@ -81,4 +83,4 @@ private:
 
 // Loads the resource string `id` and formats the arguments into `out` (at most the string's length
 // + 100 characters). `out` is emptied when the id is unknown.
-void OrvStuffString(CString& out, unsigned int id, ...);
+ORV_API void OrvStuffString(CString& out, unsigned int id, ...);

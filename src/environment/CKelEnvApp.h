@@ -4,6 +4,8 @@
 // GetEnvAPPInitResult.
 #pragma once
 
+#include "port/Export.h"
+
 #include <memory>
 
 #include "environment/OrvCutbaseConfigInfo.h"
@@ -22,7 +24,7 @@ enum EnvAPP_Init_Result_e {
 // How mill features are extracted; the add-in gives the values meaning.
 using OrvFeatMillExtractionMethods = int;
 
-class CKelEnvApp {
+class ORV_API CKelEnvApp {
 public:
     // The environment, created and initialised on the first call.
     static CKelEnvApp* Instance();

@@ -3,11 +3,13 @@
 // database lies.
 #pragma once
 
+#include "port/Export.h"
+
 #include <memory>
 
 #include "mfc/CString.h"
 
-class CutbaseDatabase {
+class ORV_API CutbaseDatabase {
 public:
     virtual ~CutbaseDatabase() = default;
 
@@ -20,4 +22,4 @@ public:
 };
 
 // The front end as an SQLite database.
-std::unique_ptr<CutbaseDatabase> CreateSQLiteCutbaseDatabase();
+ORV_API std::unique_ptr<CutbaseDatabase> CreateSQLiteCutbaseDatabase();

@@ -2,12 +2,14 @@
 // string, file and whether it is the selected one.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CString.h"
 
 // The kinds of database, as m_DatabaseType holds them.
 enum OrvCutbaseDatabaseType { ORV_CUTBASE_SQLITE = 0, ORV_CUTBASE_ACCESS = 1, ORV_CUTBASE_SQL = 2 };
 
-class OrvCutbaseConfigData {
+class ORV_API OrvCutbaseConfigData {
 public:
     OrvCutbaseConfigData() = default;
     OrvCutbaseConfigData(const OrvCutbaseConfigData&) = default;
@@ -30,11 +32,11 @@ public:
 };
 
 // Connection strings by kind.
-CString MakeSQLiteConnectionString(const CString& filePath);
-CString MakeAccessConnectionString(const CString& filePath);
-CString MakeSQLServerConnectionString(const CString& server, const CString& database,
-                                      int windowsAuthentication, const CString& userId,
-                                      const CString& password);
+ORV_API CString MakeSQLiteConnectionString(const CString& filePath);
+ORV_API CString MakeAccessConnectionString(const CString& filePath);
+ORV_API CString MakeSQLServerConnectionString(const CString& server, const CString& database,
+                                              int windowsAuthentication, const CString& userId,
+                                              const CString& password);
 // From a SQL Server connection string: the text from "SERVER" up to the next ";", a ";", and the
 // text from "DATABASE" up to the next ";".
-CString GetSQLServerDisplayText(const CString& connectionString);
+ORV_API CString GetSQLServerDisplayText(const CString& connectionString);

@@ -2,12 +2,14 @@
 // its records.
 #pragma once
 
+#include "port/Export.h"
+
 #include <memory>
 #include <vector>
 
 #include "environment/OrvCutbaseConfigData.h"
 
-class OrvCutbaseConfigInfo {
+class ORV_API OrvCutbaseConfigInfo {
 public:
     OrvCutbaseConfigInfo() = default;
     OrvCutbaseConfigInfo(const OrvCutbaseConfigInfo& other);

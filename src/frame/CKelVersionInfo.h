@@ -2,6 +2,8 @@
 // write, so they are a file-format matter.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CString.h"
 
 // The geometry kernel the library runs on; this build has only kernel 0.
@@ -9,7 +11,7 @@ enum KelKernelType { KelKernelStandard = 0, KelKernelAlternate = 1 };
 // The edition; this build has only edition 2.
 enum KelProductType { KelProductStandard = 2 };
 
-class CKelVersionInfo {
+class ORV_API CKelVersionInfo {
 public:
     static constexpr const wchar_t* ORV_VERSION_MAJOR_FOR_SERVICE_PACK = L"2026";
     static constexpr const wchar_t* ORV_VERSION_MAJOR_STRING = L"Halden CAM 2026";
@@ -37,21 +39,21 @@ public:
     CString GetTaskPaneTabStringName();
 };
 
-CString GetKelVersion();
-CString GetRequiredHDVersion();
-CString GetKelServicePack();
-CString GetKelBuildDate();
+ORV_API CString GetKelVersion();
+ORV_API CString GetRequiredHDVersion();
+ORV_API CString GetKelServicePack();
+ORV_API CString GetKelBuildDate();
 
 // Always KelKernelStandard in this build.
-KelKernelType GetKernelType();
+ORV_API KelKernelType GetKernelType();
 // Reads "EnableKelBrisk" and answers the one edition built, whatever it holds.
-KelProductType GetProductType();
+ORV_API KelProductType GetProductType();
 
 // The edition code this build swaps product names for.
 constexpr int ORV_EDITION_CODE = KelProductStandard;
 // Swaps the two public product names in `text` by edition: for edition 5 "Tarvex" becomes
 // "Halden CAM" unless the text already holds "Halden CAM"; for any other edition "Halden CAM"
 // becomes "Tarvex".
-void UpdateStringForEdition(CString& text, int editionCode);
+ORV_API void UpdateStringForEdition(CString& text, int editionCode);
 // The same for this build's edition.
-void UpdateStringForBrisk(CString& text);
+ORV_API void UpdateStringForBrisk(CString& text);

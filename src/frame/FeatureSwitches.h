@@ -3,59 +3,61 @@
 // not restore.
 #pragma once
 
-int GetIsWIPImprovementEnabled();
-int GetIsWIPInvalidateOnTPDeleteEnabled();
-int GetIs3AxisFeatImprovementEnabled();
-int GetIsDynamicWIPDisplayEnabled();
+#include "port/Export.h"
+
+ORV_API int GetIsWIPImprovementEnabled();
+ORV_API int GetIsWIPInvalidateOnTPDeleteEnabled();
+ORV_API int GetIs3AxisFeatImprovementEnabled();
+ORV_API int GetIsDynamicWIPDisplayEnabled();
 // "PrimeTurningSupport" on the Debug key, default 0. The name is this library's choice, made to
 // stand beside the other prime-turning values.
-int GetIsPrimeTurningRegSupport();
-int GetIsPrimeTurningForFaceFinishRegSupport();
-int GetIsPrimeTurningSupportsAllStrategies();
-int GetIsPrimeTurningSupportsRetractDistance();
-int GetIsToolBlockEnabled();
-int GetIsVoluTurningSupportsAllStrategies();
-int GetCommandTrackingLinesInLogFile();
-int GetIsFolderSupportEnabled();
-int IsSegMgrRegEnabled();
-int orv_getIsAvoidChuckClippingEnabled();
-int orv_getIsToolOffsetSupport();
-int orv_getIsLogToolStationsListEnabled();
+ORV_API int GetIsPrimeTurningRegSupport();
+ORV_API int GetIsPrimeTurningForFaceFinishRegSupport();
+ORV_API int GetIsPrimeTurningSupportsAllStrategies();
+ORV_API int GetIsPrimeTurningSupportsRetractDistance();
+ORV_API int GetIsToolBlockEnabled();
+ORV_API int GetIsVoluTurningSupportsAllStrategies();
+ORV_API int GetCommandTrackingLinesInLogFile();
+ORV_API int GetIsFolderSupportEnabled();
+ORV_API int IsSegMgrRegEnabled();
+ORV_API int orv_getIsAvoidChuckClippingEnabled();
+ORV_API int orv_getIsToolOffsetSupport();
+ORV_API int orv_getIsLogToolStationsListEnabled();
 // "LegacyTurnDataCorrection": `exists` 1 and the stored value when the key restores, else
 // `exists` 0 and `value` 0.
-void GetLegacyTurnDataRegistryData(int& exists, int& value);
+ORV_API void GetLegacyTurnDataRegistryData(int& exists, int& value);
 
 // Fixed answers.
-int orv_getIsCRF1363ShareRegistryEnabled(); // always 1
-int orv_getIsWorkAreaSpindleEnabled();      // always 0
+ORV_API int orv_getIsCRF1363ShareRegistryEnabled(); // always 1
+ORV_API int orv_getIsWorkAreaSpindleEnabled();      // always 0
 // 1 exactly when GetIsPrimeTurningRegSupport() answers 1.
-int IsPrimeTurnSupported();
+ORV_API int IsPrimeTurnSupported();
 
 // First-run writers: each writes its default on HKEY_CURRENT_USER when the value is missing and
 // never changes an existing value. Each answers 1 when it wrote.
-int SetShowCustomChuckOptionsDisplayRegistry();
-int SetDefaultCalMaxFitCirInThread();
-int SetDefaultTurnVariableBAxisSupport();
-int SetTurnBAxisConTlpKeepArcMove();
-int SetTurnBAxisConLLForArcFacet(); // a string on the PostData key
-int SetBAxisFaceFinishOperSupport();
-int SetSpindleDirForTurnMillTurnSupport();
-int SetToolpathShowHideSupportKeyValue();
-int SetTlpColorSupportKeyValue();
-int SetTlpHiddenMoveColorSupportKeyValue();
-int SetCRF1478StepThruSupportKeyValue();
-int SetCRF1478TurnSupportKeyValue();
-int SetCRF1478For2axSupportKeyValue();
-int SetWIPArcRegistrySupportKeyValue();
+ORV_API int SetShowCustomChuckOptionsDisplayRegistry();
+ORV_API int SetDefaultCalMaxFitCirInThread();
+ORV_API int SetDefaultTurnVariableBAxisSupport();
+ORV_API int SetTurnBAxisConTlpKeepArcMove();
+ORV_API int SetTurnBAxisConLLForArcFacet(); // a string on the PostData key
+ORV_API int SetBAxisFaceFinishOperSupport();
+ORV_API int SetSpindleDirForTurnMillTurnSupport();
+ORV_API int SetToolpathShowHideSupportKeyValue();
+ORV_API int SetTlpColorSupportKeyValue();
+ORV_API int SetTlpHiddenMoveColorSupportKeyValue();
+ORV_API int SetCRF1478StepThruSupportKeyValue();
+ORV_API int SetCRF1478TurnSupportKeyValue();
+ORV_API int SetCRF1478For2axSupportKeyValue();
+ORV_API int SetWIPArcRegistrySupportKeyValue();
 // "PostingPerformanceImprovements" = 1 when the Debug key does not restore it.
-int SetPostPerformanceImprovements();
+ORV_API int SetPostPerformanceImprovements();
 
 // For the add-in: make the embedded browser control of "HALDEN.exe" / "Edge.exe" use current
 // rendering (11001) unless a value is already there.
-int SetHaldenExeNameToRegistry();
-int SetOstrandExeNameToRegistry();
+ORV_API int SetHaldenExeNameToRegistry();
+ORV_API int SetOstrandExeNameToRegistry();
 
 // The environment's switches, or 0 without an environment.
-int GetMultiSurfaceByID();
-int GetDisplayPLYFileRegStatus();
-int GetIsAvoidChuckClippingEnabled();
+ORV_API int GetMultiSurfaceByID();
+ORV_API int GetDisplayPLYFileRegStatus();
+ORV_API int GetIsAvoidChuckClippingEnabled();

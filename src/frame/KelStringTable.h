@@ -3,13 +3,15 @@
 // text stand for a line end and a tab, "\\" for a backslash.
 #pragma once
 
+#include "port/Export.h"
+
 #include <map>
 #include <string>
 
 #include "mfc/CString.h"
 #include "win/types.h"
 
-class KelStringTable {
+class ORV_API KelStringTable {
 public:
     // Replaces the table by the file's strings; false when the file can't be read (the table is
     // then empty). A malformed line is skipped.
@@ -23,4 +25,4 @@ private:
 
 // Makes string ids resolve through the add-in's product strings first, then through `table`
 // (which the caller keeps alive while it is installed).
-void InstallStringResources(const KelStringTable* table);
+ORV_API void InstallStringResources(const KelStringTable* table);

@@ -2,6 +2,8 @@
 // to the NC editor, the host's language words and the mapping of a system language id.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CString.h"
 #include "win/types.h"
 
@@ -24,13 +26,13 @@ enum OrvDatabaseLang_e {
 };
 
 // The folder name of a code ("English" ... "Greek"); "English" outside the table.
-CString GetDatabaseLangFolderName(int code);
+ORV_API CString GetDatabaseLangFolderName(int code);
 // The NC editor's tag of a code; "en-US" outside the table.
-CString GetDatabaseLangTag(int code);
+ORV_API CString GetDatabaseLangTag(int code);
 // The code of a folder name, compared with case, among codes 0 to 13; 0 for anything else.
-OrvDatabaseLang_e GetCorrespondingDBLangName(const CString& name);
+ORV_API OrvDatabaseLang_e GetCorrespondingDBLangName(const CString& name);
 // The folder name for a host language word, compared without case; empty when there is no row.
-CString GetFolderNameOfHostLanguage(const CString& hostWord);
+ORV_API CString GetFolderNameOfHostLanguage(const CString& hostWord);
 // The code of a Windows language id (primary language in the low 10 bits, sub-language in the
 // high 6); English for a combination without a row.
-OrvDatabaseLang_e GetLangCodeOfSystemLangId(WORD langId);
+ORV_API OrvDatabaseLang_e GetLangCodeOfSystemLangId(WORD langId);

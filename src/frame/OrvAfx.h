@@ -2,12 +2,14 @@
 // library's message boxes and wait cursor.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
 class CWinApp;
 struct AFX_MODULE_STATE;
 
-class OrvAfx {
+class ORV_API OrvAfx {
 public:
     // Empty arguments are ignored, so none of these can be cleared again. SetWinApp also takes
     // the main window of the calling thread's framework thread, when the use-own-state flag is

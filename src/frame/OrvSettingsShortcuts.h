@@ -1,8 +1,10 @@
 // Two display options read from the application settings tree.
 #pragma once
 
+#include "port/Export.h"
+
 // "OpenOperationDialogToLastPage" of the "Display" group; 0 when the tree, the group or the value
 // is missing.
-int GetLastopernDlgtab();
+ORV_API int GetLastopernDlgtab();
 // "CollapseOperationOnPreview" of the same group, with the same default.
-int GetCollapseOnPreview();
+ORV_API int GetCollapseOnPreview();

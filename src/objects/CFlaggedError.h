@@ -2,6 +2,8 @@
 // the message to show and what the user may do about it.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstdio>
 
 #include "mfc/CArchive.h"
@@ -13,7 +15,7 @@ enum FlaggedErrorEnum : int {
     SEGMENT = 2, // set because a segment was deleted
 };
 
-class CFlaggedError : public CObject {
+class ORV_API CFlaggedError : public CObject {
     DECLARE_SERIAL(CFlaggedError)
 public:
     // Dynamic creation makes CFlaggedError(-1, NORMAL).

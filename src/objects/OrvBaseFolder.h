@@ -2,13 +2,15 @@
 // in order; it owns its sub-folders and not its plain objects.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CObList.h"
 #include "objects/OrvCallbackHelper.h"
 #include "objects/OrvObject.h"
 
 enum ORV_FOLDER_TYPE : int { ORV_FOLDER_GENERIC = 0 };
 
-class OrvBaseFolder : public OrvObject {
+class ORV_API OrvBaseFolder : public OrvObject {
     DECLARE_SERIAL(OrvBaseFolder)
 public:
     OrvBaseFolder();

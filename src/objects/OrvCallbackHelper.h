@@ -2,10 +2,12 @@
 // node's companion. Each node class family with a companion keeps one static helper.
 #pragma once
 
+#include "port/Export.h"
+
 class OrvObject;
 class ui_OrvObject;
 
-class OrvCallbackHelper {
+class ORV_API OrvCallbackHelper {
 public:
     using PFN_UiObjCreate = ui_OrvObject* (*)(OrvObject* object);
 

@@ -2,10 +2,12 @@
 // and its modified flag.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CArchive.h"
 #include "objects/OrvParamHelper.h"
 
-class OrvDocParamHelper : public OrvParamHelper {
+class ORV_API OrvDocParamHelper : public OrvParamHelper {
 public:
     explicit OrvDocParamHelper(int units);
 

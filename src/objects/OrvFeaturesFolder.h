@@ -2,9 +2,11 @@
 // its class, which the archive and the interface tell apart.
 #pragma once
 
+#include "port/Export.h"
+
 #include "objects/OrvBaseFolder.h"
 
-class OrvFeaturesFolder : public OrvBaseFolder {
+class ORV_API OrvFeaturesFolder : public OrvBaseFolder {
     DECLARE_SERIAL(OrvFeaturesFolder)
 public:
     OrvFeaturesFolder() = default;

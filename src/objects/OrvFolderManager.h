@@ -2,6 +2,8 @@
 // and folders in order; it owns its folders and not its plain objects.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CObList.h"
 #include "objects/OrvObject.h"
 
@@ -18,7 +20,7 @@ enum ORV_ENUM_OB_ACTION_TYPE : int {
     ORV_OB_REMOVE = 6,
 };
 
-class OrvFolderManager : public OrvObject {
+class ORV_API OrvFolderManager : public OrvObject {
     DECLARE_SERIAL(OrvFolderManager)
 public:
     OrvFolderManager() = default;

@@ -7,6 +7,8 @@
 // tree tells its folders from its objects by their class when it edits or deletes itself.
 #pragma once
 
+#include "port/Export.h"
+
 #include <memory>
 
 #include "mfc/CObList.h"
@@ -15,7 +17,7 @@
 
 class OrvBaseFolder;
 
-class OrvFolderObList : public OrvObject {
+class ORV_API OrvFolderObList : public OrvObject {
     DECLARE_SERIAL(OrvFolderObList)
 public:
     OrvFolderObList() = default;

@@ -5,11 +5,13 @@
 // its loading and commits it once everything is in place.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstddef>
 
 class OrvObject;
 
-class OrvNodeLoadScope {
+class ORV_API OrvNodeLoadScope {
 public:
     // Opens recording on this thread for the load of `owner` (which is not recorded). A scope
     // opened while another is open records nothing itself: the outer one answers for the load.

@@ -5,6 +5,8 @@
 // the optional pattern, the merge, compare and copy protocol, and the archive layout.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstddef>
 #include <cstdio>
 
@@ -54,7 +56,7 @@ enum e_OrvSelSetLockState : int {
 // The status bit that GetChildrenDisplayState reads as the display flag.
 constexpr WORD ORV_NODE_STATUS_DISPLAY = 0x0002;
 
-class OrvObject : public OrvBaseObject {
+class ORV_API OrvObject : public OrvBaseObject {
     DECLARE_SERIAL(OrvObject)
 public:
     enum OrvObjState : int { ACTIVE = 0, SUPPRESSED = 1, DELETED = 2, LOCKED = 3 };

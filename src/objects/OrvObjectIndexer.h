@@ -2,12 +2,14 @@
 // class, in order, and how many of them still exist. An object's number is its position.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstdio>
 
 #include "core/OrvBaseObject.h"
 #include "mfc/CList.h"
 
-class OrvObjectIndexer : public OrvBaseObject {
+class ORV_API OrvObjectIndexer : public OrvBaseObject {
     DECLARE_SERIAL(OrvObjectIndexer)
 public:
     OrvObjectIndexer() = default;

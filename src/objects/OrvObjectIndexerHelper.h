@@ -3,6 +3,8 @@
 // other objects of the class are deleted, replaced or reloaded.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstdio>
 #include <map>
 
@@ -12,7 +14,7 @@
 class OrvObject;
 class OrvObjectIndexer;
 
-class OrvObjectIndexerHelper : public OrvBaseObject {
+class ORV_API OrvObjectIndexerHelper : public OrvBaseObject {
     DECLARE_SERIAL(OrvObjectIndexerHelper)
 public:
     OrvObjectIndexerHelper() = default;

@@ -2,9 +2,11 @@
 // nothing; OrvSetupParamHelper and OrvDocParamHelper carry a setup's and a document's parameters.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CObject.h"
 
-class OrvParamHelper : public CObject {
+class ORV_API OrvParamHelper : public CObject {
 public:
     OrvParamHelper() = default;
     ~OrvParamHelper() override;

@@ -3,13 +3,15 @@
 // register themselves and must remove themselves if they die before the notification.
 #pragma once
 
+#include "port/Export.h"
+
 #include <memory>
 
 #include "mfc/CObList.h"
 
 class OrvBaseObject;
 
-class OrvSerializeNotify {
+class ORV_API OrvSerializeNotify {
 public:
     // The instance, made on first use.
     static OrvSerializeNotify* Instance();

@@ -3,6 +3,8 @@
 // add-in can ask afterwards whether anything went wrong and where.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
 class OrvObject;
@@ -17,13 +19,13 @@ constexpr DWORD ORV_SERIALIZE_OWNER_LINK = 0x8000;
 constexpr DWORD ORV_SERIALIZE_REFERENCE_ERROR = 0x9000;
 
 // Clears the word; sets 0x0002 when `mark` is non-zero.
-void InitialiseSerializationStatus(int mark);
+ORV_API void InitialiseSerializationStatus(int mark);
 // Sets the error bit and ORs `bits` in.
-void LogSerializationError(DWORD bits);
-DWORD GetSerializationStatus();
+ORV_API void LogSerializationError(DWORD bits);
+ORV_API DWORD GetSerializationStatus();
 // The error bit alone.
-DWORD IsErrorDetected();
+ORV_API DWORD IsErrorDetected();
 // The lowest location bit set (0x0020 up to 0x4000), or 0.
-DWORD GetErrorLocation();
+ORV_API DWORD GetErrorLocation();
 // Logs `location` with 0x9000 when `owner` is null. Answers 1 either way.
-int AnalyseOwner(OrvObject* owner, DWORD location);
+ORV_API int AnalyseOwner(OrvObject* owner, DWORD location);

@@ -2,13 +2,15 @@
 // rotation angle, from point and clearance.
 #pragma once
 
+#include "port/Export.h"
+
 #include "geometry/FRPosition.h"
 #include "geometry/FRTransf.h"
 #include "geometry/FRUnitVector.h"
 #include "mfc/CArchive.h"
 #include "objects/OrvParamHelper.h"
 
-class OrvSetupParamHelper : public OrvParamHelper {
+class ORV_API OrvSetupParamHelper : public OrvParamHelper {
     DECLARE_SERIAL(OrvSetupParamHelper)
 public:
     OrvSetupParamHelper() = default;

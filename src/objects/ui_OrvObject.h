@@ -2,13 +2,15 @@
 // classes from it; at this level every operation does nothing.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CObject.h"
 #include "mfc/CString.h"
 #include "win/types.h"
 
 class OrvObject;
 
-class ui_OrvObject : public CObject {
+class ORV_API ui_OrvObject : public CObject {
 public:
     explicit ui_OrvObject(OrvObject* object);
     ~ui_OrvObject() override;

@@ -1,9 +1,11 @@
 // OrvColorValue: a colour reference, 0x00BBGGRR; REG_DWORD in the registry.
 #pragma once
 
+#include "port/Export.h"
+
 #include "settings/OrvSettingsValue.h"
 
-class OrvColorValue : public OrvSettingsValue {
+class ORV_API OrvColorValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvColorValue)
 public:
     OrvColorValue(CString name, unsigned long data);

@@ -1,9 +1,11 @@
 // OrvDoubleValue: a double setting; in the registry the raw 8 bytes as REG_BINARY.
 #pragma once
 
+#include "port/Export.h"
+
 #include "settings/OrvSettingsValue.h"
 
-class OrvDoubleValue : public OrvSettingsValue {
+class ORV_API OrvDoubleValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvDoubleValue)
 public:
     OrvDoubleValue(CString name, double data);

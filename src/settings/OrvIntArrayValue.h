@@ -1,10 +1,12 @@
 // OrvIntArrayValue: an array of ints; in the registry the raw elements as REG_BINARY.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CArray.h"
 #include "settings/OrvSettingsValue.h"
 
-class OrvIntArrayValue : public OrvSettingsValue {
+class ORV_API OrvIntArrayValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvIntArrayValue)
 public:
     OrvIntArrayValue(CString name, const CArray<int, int>& data);

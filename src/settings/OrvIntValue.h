@@ -1,9 +1,11 @@
 // OrvIntValue: a signed 32-bit setting; REG_DWORD in the registry.
 #pragma once
 
+#include "port/Export.h"
+
 #include "settings/OrvSettingsValue.h"
 
-class OrvIntValue : public OrvSettingsValue {
+class ORV_API OrvIntValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvIntValue)
 public:
     OrvIntValue(CString name, int data);

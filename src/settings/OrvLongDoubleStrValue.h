@@ -2,9 +2,11 @@
 // so that every digit beyond them is lost there.
 #pragma once
 
+#include "port/Export.h"
+
 #include "settings/OrvSettingsValue.h"
 
-class OrvLongDoubleStrValue : public OrvSettingsValue {
+class ORV_API OrvLongDoubleStrValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvLongDoubleStrValue)
 public:
     // The datum has the precision of a double, as long double has where the format comes from.

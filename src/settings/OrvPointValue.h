@@ -1,10 +1,12 @@
 // OrvPointValue: a point setting; REG_SZ "x y" in the registry.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CPoint.h"
 #include "settings/OrvSettingsValue.h"
 
-class OrvPointValue : public OrvSettingsValue {
+class ORV_API OrvPointValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvPointValue)
 public:
     OrvPointValue(CString name, CPoint data);

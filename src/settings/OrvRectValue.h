@@ -1,10 +1,12 @@
 // OrvRectValue: a rectangle setting; REG_SZ "left top right bottom" in the registry.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CRect.h"
 #include "settings/OrvSettingsValue.h"
 
-class OrvRectValue : public OrvSettingsValue {
+class ORV_API OrvRectValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvRectValue)
 public:
     OrvRectValue(CString name, CRect data);

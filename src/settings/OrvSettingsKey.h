@@ -2,6 +2,8 @@
 // lives in three homes: its constructor's defaults, the registry, and a document archive.
 #pragma once
 
+#include "port/Export.h"
+
 #include <windows.h>
 
 #include "core/OrvBaseObject.h"
@@ -14,7 +16,7 @@
 class OrvLoadTracker;
 class OrvSettingsValue;
 
-class OrvSettingsKey : public OrvBaseObject {
+class ORV_API OrvSettingsKey : public OrvBaseObject {
     DECLARE_SERIAL(OrvSettingsKey)
 public:
     // Empty name and path, on HKEY_CURRENT_USER.

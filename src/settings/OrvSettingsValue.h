@@ -2,6 +2,8 @@
 // and fix its registry and archive forms.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstddef>
 #include <span>
 #include <type_traits>
@@ -10,7 +12,7 @@
 
 class OrvSettingsKey;
 
-class OrvSettingsValue : public OrvBaseObject {
+class ORV_API OrvSettingsValue : public OrvBaseObject {
     DECLARE_SERIAL(OrvSettingsValue)
 public:
     explicit OrvSettingsValue(CString name);

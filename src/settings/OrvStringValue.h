@@ -1,11 +1,13 @@
 // OrvStringValue: a text setting; REG_SZ in the registry.
 #pragma once
 
+#include "port/Export.h"
+
 #include <utility>
 
 #include "settings/OrvSettingsValue.h"
 
-class OrvStringValue : public OrvSettingsValue {
+class ORV_API OrvStringValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvStringValue)
 public:
     OrvStringValue(CString name, CString data);

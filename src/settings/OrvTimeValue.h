@@ -2,10 +2,12 @@
 // so only the low 32 bits of the time survive there.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CTime.h"
 #include "settings/OrvSettingsValue.h"
 
-class OrvTimeValue : public OrvSettingsValue {
+class ORV_API OrvTimeValue : public OrvSettingsValue {
     DECLARE_SERIAL(OrvTimeValue)
 public:
     OrvTimeValue(CString name, CTime data);

@@ -1,9 +1,11 @@
 // OrvAutoCriticalSection: holds an OrvCriticalSection for the guard's scope.
 #pragma once
 
+#include "port/Export.h"
+
 #include "threads/OrvCriticalSection.h"
 
-class OrvAutoCriticalSection {
+class ORV_API OrvAutoCriticalSection {
 public:
     explicit OrvAutoCriticalSection(OrvCriticalSection& lock);
     ~OrvAutoCriticalSection();

@@ -1,9 +1,11 @@
 // OrvCriticalSection: the library's reentrant lock, a Win32 critical section.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/threads.h"
 
-class OrvCriticalSection {
+class ORV_API OrvCriticalSection {
 public:
     OrvCriticalSection();
     ~OrvCriticalSection();

@@ -3,9 +3,11 @@
 // always undoes what it took. A guard is used by one thread.
 #pragma once
 
+#include "port/Export.h"
+
 #include "threads/OrvCriticalSection.h"
 
-class OrvCriticalSectionLoader {
+class ORV_API OrvCriticalSectionLoader {
 public:
     // Takes the lock only when lockNow is exactly 1.
     OrvCriticalSectionLoader(OrvCriticalSection& lock, int lockNow);

@@ -8,6 +8,8 @@
 // anything else is called, so that commands may be started from several threads.
 #pragma once
 
+#include "port/Export.h"
+
 #include <atomic>
 #include <cstdint>
 #include <mutex>
@@ -22,7 +24,7 @@
 class OrvObject;
 class OrvThreadData;
 
-class OrvThreadBaseMgr {
+class ORV_API OrvThreadBaseMgr {
 public:
     // Destroys the lock and the list; neither deletes the records nor stops their threads.
     virtual ~OrvThreadBaseMgr();

@@ -22,6 +22,8 @@
 // the node's own HandleCommand, which no record can make safe.
 #pragma once
 
+#include "port/Export.h"
+
 #include <atomic>
 #include <mutex>
 
@@ -32,7 +34,7 @@
 
 class OrvThreadBaseMgr;
 
-class OrvThreadData : public OrvObject {
+class ORV_API OrvThreadData : public OrvObject {
     DECLARE_DYNAMIC(OrvThreadData)
 public:
     // Takes the active document; with a caller, enters the caller's transient users.

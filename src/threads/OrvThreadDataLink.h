@@ -3,9 +3,11 @@
 // command's parameter as one of these to tell duplicates and groups apart.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
-class OrvThreadDataLink {
+class ORV_API OrvThreadDataLink {
 public:
     OrvThreadDataLink();
     OrvThreadDataLink(const OrvThreadDataLink& other);

@@ -5,6 +5,8 @@
 // unchanged.
 #pragma once
 
+#include "port/Export.h"
+
 #include "geometry/FRBox.h"
 #include "geometry/FRInterval.h"
 #include "geometry/FRMatrix.h"
@@ -14,18 +16,18 @@
 #include "geometry/FRVector.h"
 #include "mfc/CArchive.h"
 
-CArchive& operator<<(CArchive& ar, const FRPosition& p);
-CArchive& operator>>(CArchive& ar, FRPosition& p);
-CArchive& operator<<(CArchive& ar, const FRVector& v);
-CArchive& operator>>(CArchive& ar, FRVector& v);
+ORV_API CArchive& operator<<(CArchive& ar, const FRPosition& p);
+ORV_API CArchive& operator>>(CArchive& ar, FRPosition& p);
+ORV_API CArchive& operator<<(CArchive& ar, const FRVector& v);
+ORV_API CArchive& operator>>(CArchive& ar, FRVector& v);
 // Read back normalised.
-CArchive& operator<<(CArchive& ar, const FRUnitVector& v);
-CArchive& operator>>(CArchive& ar, FRUnitVector& v);
-CArchive& operator<<(CArchive& ar, const FRInterval& i);
-CArchive& operator>>(CArchive& ar, FRInterval& i);
-CArchive& operator<<(CArchive& ar, const FRBox& b);
-CArchive& operator>>(CArchive& ar, FRBox& b);
-CArchive& operator<<(CArchive& ar, const FRMatrix& m);
-CArchive& operator>>(CArchive& ar, FRMatrix& m);
-CArchive& operator<<(CArchive& ar, const FRTransf& t);
-CArchive& operator>>(CArchive& ar, FRTransf& t);
+ORV_API CArchive& operator<<(CArchive& ar, const FRUnitVector& v);
+ORV_API CArchive& operator>>(CArchive& ar, FRUnitVector& v);
+ORV_API CArchive& operator<<(CArchive& ar, const FRInterval& i);
+ORV_API CArchive& operator>>(CArchive& ar, FRInterval& i);
+ORV_API CArchive& operator<<(CArchive& ar, const FRBox& b);
+ORV_API CArchive& operator>>(CArchive& ar, FRBox& b);
+ORV_API CArchive& operator<<(CArchive& ar, const FRMatrix& m);
+ORV_API CArchive& operator>>(CArchive& ar, FRMatrix& m);
+ORV_API CArchive& operator<<(CArchive& ar, const FRTransf& t);
+ORV_API CArchive& operator>>(CArchive& ar, FRTransf& t);

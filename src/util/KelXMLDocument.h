@@ -2,6 +2,8 @@
 // it was read (comments, order, layout, quotes of unchanged attributes) apart from the edits.
 #pragma once
 
+#include "port/Export.h"
+
 #include <memory>
 #include <string>
 
@@ -10,7 +12,7 @@
 #include "mfc/CString.h"
 #include "util/KelXMLNode.h"
 
-class KelXMLDocument {
+class ORV_API KelXMLDocument {
 public:
     KelXMLDocument();
     ~KelXMLDocument();

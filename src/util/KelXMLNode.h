@@ -2,13 +2,15 @@
 // it stays valid while its document lives.
 #pragma once
 
+#include "port/Export.h"
+
 #include <pugixml.hpp>
 
 #include "mfc/CString.h"
 
 class KelXMLNodeList;
 
-class KelXMLNode {
+class ORV_API KelXMLNode {
 public:
     KelXMLNode() = default;
     explicit KelXMLNode(pugi::xml_node node) : m_node(node) {}

@@ -1,11 +1,13 @@
 // KelXMLNodeList: the child nodes of a KelXMLNode, in document order.
 #pragma once
 
+#include "port/Export.h"
+
 #include <vector>
 
 #include "util/KelXMLNode.h"
 
-class KelXMLNodeList {
+class ORV_API KelXMLNodeList {
 public:
     explicit KelXMLNodeList(std::vector<KelXMLNode> nodes) : m_nodes(std::move(nodes)) {}
 

@@ -1,7 +1,9 @@
 // OrvCorrectionForGlobalData: base of the scope guards that change a global value for a while.
 #pragma once
 
-class OrvCorrectionForGlobalData {
+#include "port/Export.h"
+
+class ORV_API OrvCorrectionForGlobalData {
 public:
     virtual ~OrvCorrectionForGlobalData() = default;
     OrvCorrectionForGlobalData(const OrvCorrectionForGlobalData&) = default;

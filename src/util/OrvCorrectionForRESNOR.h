@@ -5,9 +5,11 @@
 // guard.
 #pragma once
 
+#include "port/Export.h"
+
 #include "util/OrvCorrectionForGlobalData.h"
 
-class OrvCorrectionForRESNOR : public OrvCorrectionForGlobalData {
+class ORV_API OrvCorrectionForRESNOR : public OrvCorrectionForGlobalData {
 public:
     OrvCorrectionForRESNOR(double value, int apply);
     ~OrvCorrectionForRESNOR() override;

@@ -2,6 +2,8 @@
 // counts, strings and the object protocol (class descriptions, schemas, references).
 #pragma once
 
+#include "port/Export.h"
+
 #include <bit>
 #include <cstring>
 #include <memory>
@@ -16,7 +18,7 @@
 
 static_assert(std::endian::native == std::endian::little, "archives are little-endian");
 
-class CArchive {
+class ORV_API CArchive {
 public:
     enum Mode { store = 0, load = 1, bNoFlushOnDelete = 2, bNoByteSwap = 4 };
 
@@ -170,6 +172,6 @@ private:
     std::unordered_map<const CRuntimeClass*, UINT> m_schemaMap; // stored schemas that differ
 };
 
-CArchive& operator<<(CArchive& ar, const CObject* pOb);
-CArchive& operator>>(CArchive& ar, CObject*& pOb);
-CArchive& operator>>(CArchive& ar, const CObject*& pOb);
+ORV_API CArchive& operator<<(CArchive& ar, const CObject* pOb);
+ORV_API CArchive& operator>>(CArchive& ar, CObject*& pOb);
+ORV_API CArchive& operator>>(CArchive& ar, const CObject*& pOb);

@@ -2,12 +2,14 @@
 // this platform's debugger output goes) when it has none. Text is written as UTF-8.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
 class CFile;
 class CObject;
 
-class CDumpContext {
+class ORV_API CDumpContext {
 public:
     explicit CDumpContext(CFile* pFile = nullptr);
     CDumpContext(const CDumpContext&) = delete;
@@ -40,4 +42,4 @@ private:
 };
 
 // The context that writes to standard error.
-extern CDumpContext afxDump;
+ORV_API extern CDumpContext afxDump;

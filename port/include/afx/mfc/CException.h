@@ -1,13 +1,15 @@
 // MFC's exception family: thrown as heap pointers, caught by pointer, released with Delete().
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CObject.h"
 #include "mfc/CString.h"
 #include "win/types.h"
 
 using PUINT = UINT*;
 
-class CException : public CObject {
+class ORV_API CException : public CObject {
     DECLARE_DYNAMIC(CException)
 public:
     explicit CException(BOOL bAutoDelete = TRUE) : m_bAutoDelete(bAutoDelete) {}
@@ -28,7 +30,7 @@ protected:
     BOOL m_bAutoDelete;
 };
 
-class CArchiveException : public CException {
+class ORV_API CArchiveException : public CException {
     DECLARE_DYNAMIC(CArchiveException)
 public:
     enum {
@@ -52,7 +54,7 @@ protected:
     CString GetMessageText() const override;
 };
 
-class CFileException : public CException {
+class ORV_API CFileException : public CException {
     DECLARE_DYNAMIC(CFileException)
 public:
     enum {
@@ -88,7 +90,7 @@ protected:
     CString GetMessageText() const override;
 };
 
-class CMemoryException : public CException {
+class ORV_API CMemoryException : public CException {
     DECLARE_DYNAMIC(CMemoryException)
 public:
     CMemoryException() = default;
@@ -97,7 +99,7 @@ protected:
     CString GetMessageText() const override;
 };
 
-class CNotSupportedException : public CException {
+class ORV_API CNotSupportedException : public CException {
     DECLARE_DYNAMIC(CNotSupportedException)
 public:
     CNotSupportedException() = default;
@@ -106,7 +108,7 @@ protected:
     CString GetMessageText() const override;
 };
 
-class CInvalidArgException : public CException {
+class ORV_API CInvalidArgException : public CException {
     DECLARE_DYNAMIC(CInvalidArgException)
 public:
     CInvalidArgException() = default;
@@ -116,16 +118,16 @@ protected:
 };
 
 // Thrown after the user has been told; carries no message.
-class CUserException : public CException {
+class ORV_API CUserException : public CException {
     DECLARE_DYNAMIC(CUserException)
 public:
     CUserException() = default;
 };
 
-[[noreturn]] void AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = nullptr);
-[[noreturn]] void AfxThrowFileException(int cause, LONG lOsError = -1,
-                                        LPCTSTR lpszFileName = nullptr);
-[[noreturn]] void AfxThrowMemoryException();
-[[noreturn]] void AfxThrowNotSupportedException();
-[[noreturn]] void AfxThrowInvalidArgException();
-[[noreturn]] void AfxThrowUserException();
+[[noreturn]] ORV_API void AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = nullptr);
+[[noreturn]] ORV_API void AfxThrowFileException(int cause, LONG lOsError = -1,
+                                                LPCTSTR lpszFileName = nullptr);
+[[noreturn]] ORV_API void AfxThrowMemoryException();
+[[noreturn]] ORV_API void AfxThrowNotSupportedException();
+[[noreturn]] ORV_API void AfxThrowInvalidArgException();
+[[noreturn]] ORV_API void AfxThrowUserException();

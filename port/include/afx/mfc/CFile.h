@@ -2,12 +2,14 @@
 // CFileException errors.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CException.h"
 #include "mfc/CObject.h"
 #include "mfc/CString.h"
 #include "win/types.h"
 
-class CFile : public CObject {
+class ORV_API CFile : public CObject {
     DECLARE_DYNAMIC(CFile)
 public:
     enum OpenFlags : UINT {

@@ -1,13 +1,15 @@
 // CMapPtrToPtr: a map from untyped pointers to untyped pointers, owning neither.
 #pragma once
 
+#include "port/Export.h"
+
 #include <cstdint>
 
 #include "mfc/CMap.h"
 #include "mfc/CObject.h"
 
 namespace port {
-struct PointerHash {
+struct ORV_API PointerHash {
     // The address without its low four bits, which allocation alignment leaves mostly zero.
     static UINT Hash(void* key) noexcept {
         return static_cast<UINT>(reinterpret_cast<std::uintptr_t>(key) >> 4);
@@ -15,7 +17,7 @@ struct PointerHash {
 };
 } // namespace port
 
-class CMapPtrToPtr : public port::HashMap<void*, void*, void*, void*, port::PointerHash> {
+class ORV_API CMapPtrToPtr : public port::HashMap<void*, void*, void*, void*, port::PointerHash> {
     DECLARE_DYNAMIC(CMapPtrToPtr)
 public:
     explicit CMapPtrToPtr(INT_PTR nBlockSize = 10) : HashMap(nBlockSize) {}

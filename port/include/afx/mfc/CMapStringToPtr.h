@@ -2,17 +2,20 @@
 // own.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CMap.h"
 #include "mfc/CObject.h"
 #include "mfc/CString.h"
 
 namespace port {
-struct StringHash {
+struct ORV_API StringHash {
     static UINT Hash(LPCTSTR key) noexcept { return HashText(key); }
 };
 } // namespace port
 
-class CMapStringToPtr : public port::HashMap<CString, LPCTSTR, void*, void*, port::StringHash> {
+class ORV_API CMapStringToPtr
+    : public port::HashMap<CString, LPCTSTR, void*, void*, port::StringHash> {
     DECLARE_DYNAMIC(CMapStringToPtr)
 public:
     explicit CMapStringToPtr(INT_PTR nBlockSize = 10) : HashMap(nBlockSize) {}

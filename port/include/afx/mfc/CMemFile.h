@@ -1,9 +1,11 @@
 // CMemFile: a file in memory, in a growing buffer of its own or in one the caller attaches.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CFile.h"
 
-class CMemFile : public CFile {
+class ORV_API CMemFile : public CFile {
     DECLARE_DYNAMIC(CMemFile)
 public:
     // A buffer of its own that grows by nGrowBytes at a time.

@@ -2,6 +2,8 @@
 // class list that lets an archive create objects by class name.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
 class CObject;
@@ -11,7 +13,7 @@ class CDumpContext;
 // Set in a schema to let one class read the versions written by its older layouts.
 #define VERSIONABLE_SCHEMA (0x80000000)
 
-struct CRuntimeClass {
+struct ORV_API CRuntimeClass {
     LPCSTR m_lpszClassName;
     int m_nObjectSize;
     UINT m_wSchema; // 0xFFFF for classes that are not serializable
@@ -36,14 +38,15 @@ struct CRuntimeClass {
 
 // Adds a class to the process-wide list; the IMPLEMENT_ macros make one per class at static
 // construction.
-struct AFX_CLASSINIT {
+struct ORV_API AFX_CLASSINIT {
     explicit AFX_CLASSINIT(CRuntimeClass* pNewClass);
 };
 
 // Calls pfn for every class in the list, in the order the classes were added.
-void AfxDoForAllClasses(void (*pfn)(const CRuntimeClass* pClass, void* pContext), void* pContext);
+ORV_API void AfxDoForAllClasses(void (*pfn)(const CRuntimeClass* pClass, void* pContext),
+                                void* pContext);
 
-class CObject {
+class ORV_API CObject {
 public:
     static const CRuntimeClass classCObject;
     virtual CRuntimeClass* GetRuntimeClass() const;
@@ -68,7 +71,7 @@ public:
 };
 
 // Answers pObject when it is of kind pClass, else null.
-CObject* AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject);
+ORV_API CObject* AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject);
 
 #define RUNTIME_CLASS(class_name) (const_cast<CRuntimeClass*>(&class_name::class##class_name))
 
@@ -87,7 +90,7 @@ public:                                                                         
 
 #define DECLARE_SERIAL(class_name)                                                                 \
     DECLARE_DYNCREATE(class_name)                                                                  \
-    friend CArchive& operator>>(CArchive& ar, class_name*& pOb);
+    friend ORV_API CArchive& operator>>(CArchive& ar, class_name*& pOb);
 
 #define IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, pfnNew)                       \
     const CRuntimeClass class_name::class##class_name = {                                          \

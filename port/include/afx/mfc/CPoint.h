@@ -1,12 +1,14 @@
 // CPoint: MFC's point, a POINT with arithmetic.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CSize.h"
 #include "win/rect.h"
 
 class CArchive;
 
-class CPoint : public POINT {
+class ORV_API CPoint : public POINT {
 public:
     CPoint() noexcept : POINT{0, 0} {}
     CPoint(int initX, int initY) noexcept : POINT{initX, initY} {}
@@ -39,5 +41,5 @@ public:
 };
 
 // A POINT travels as its raw structure: x then y, 4 bytes each.
-CArchive& operator<<(CArchive& ar, POINT point);
-CArchive& operator>>(CArchive& ar, POINT& point);
+ORV_API CArchive& operator<<(CArchive& ar, POINT point);
+ORV_API CArchive& operator>>(CArchive& ar, POINT& point);

@@ -1,10 +1,12 @@
 // CPtrList: a list of untyped pointers, which it does not own.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CList.h"
 #include "mfc/CObject.h"
 
-class CPtrList : public CList<void*, void*> {
+class ORV_API CPtrList : public CList<void*, void*> {
     DECLARE_DYNAMIC(CPtrList)
 public:
     explicit CPtrList(INT_PTR nBlockSize = 10) : CList(nBlockSize) {}

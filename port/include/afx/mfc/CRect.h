@@ -1,13 +1,15 @@
 // CRect: MFC's rectangle, a RECT with the USER32 rectangle operations as members.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CPoint.h"
 #include "mfc/CSize.h"
 #include "win/rect.h"
 
 class CArchive;
 
-class CRect : public RECT {
+class ORV_API CRect : public RECT {
 public:
     CRect() noexcept : RECT{0, 0, 0, 0} {}
     CRect(int l, int t, int r, int b) noexcept : RECT{l, t, r, b} {}
@@ -93,5 +95,5 @@ private:
 };
 
 // A RECT travels as its raw structure: left, top, right, bottom, 4 bytes each.
-CArchive& operator<<(CArchive& ar, const RECT& rect);
-CArchive& operator>>(CArchive& ar, RECT& rect);
+ORV_API CArchive& operator<<(CArchive& ar, const RECT& rect);
+ORV_API CArchive& operator>>(CArchive& ar, RECT& rect);

@@ -1,11 +1,13 @@
 // CSize: MFC's extent, a SIZE with arithmetic.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/rect.h"
 
 class CArchive;
 
-class CSize : public SIZE {
+class ORV_API CSize : public SIZE {
 public:
     CSize() noexcept : SIZE{0, 0} {}
     CSize(int x, int y) noexcept : SIZE{x, y} {}
@@ -31,5 +33,5 @@ public:
 };
 
 // A SIZE travels as its raw structure: cx then cy, 4 bytes each.
-CArchive& operator<<(CArchive& ar, SIZE size);
-CArchive& operator>>(CArchive& ar, SIZE& size);
+ORV_API CArchive& operator<<(CArchive& ar, SIZE size);
+ORV_API CArchive& operator>>(CArchive& ar, SIZE& size);

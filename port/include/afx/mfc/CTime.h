@@ -1,6 +1,8 @@
 // CTime: an absolute time, 64-bit seconds since 1970-01-01 UTC, broken down in local time.
 #pragma once
 
+#include "port/Export.h"
+
 #include <ctime>
 
 #include "mfc/CString.h"
@@ -9,7 +11,7 @@
 
 class CArchive;
 
-class CTime {
+class ORV_API CTime {
 public:
     CTime() noexcept = default;
     CTime(LONGLONG time) noexcept : m_time(time) {}
@@ -59,5 +61,5 @@ private:
 
 // Stored as the mark 0x8000000A and the 64-bit time; loading also takes the older form, a lone
 // signed 32-bit time.
-CArchive& operator<<(CArchive& ar, CTime time);
-CArchive& operator>>(CArchive& ar, CTime& time);
+ORV_API CArchive& operator<<(CArchive& ar, CTime time);
+ORV_API CArchive& operator>>(CArchive& ar, CTime& time);

@@ -1,12 +1,14 @@
 // CTimeSpan: a signed duration in whole seconds.
 #pragma once
 
+#include "port/Export.h"
+
 #include "mfc/CString.h"
 #include "win/types.h"
 
 class CArchive;
 
-class CTimeSpan {
+class ORV_API CTimeSpan {
 public:
     CTimeSpan() noexcept = default;
     CTimeSpan(LONGLONG seconds) noexcept : m_timeSpan(seconds) {}
@@ -49,5 +51,5 @@ private:
 
 // A span travels as a 32-bit count of seconds; one that does not fit cannot be stored
 // (CArchiveException genericException) rather than being cut short.
-CArchive& operator<<(CArchive& ar, CTimeSpan span);
-CArchive& operator>>(CArchive& ar, CTimeSpan& span);
+ORV_API CArchive& operator<<(CArchive& ar, CTimeSpan span);
+ORV_API CArchive& operator>>(CArchive& ar, CTimeSpan& span);

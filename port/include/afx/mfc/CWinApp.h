@@ -3,9 +3,11 @@
 // its main window's handle.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
-class CWinThread {
+class ORV_API CWinThread {
 public:
     CWinThread() = default;
     virtual ~CWinThread() = default;
@@ -17,19 +19,19 @@ public:
 
 // The application: constructing it makes it the application of the module state and the
 // framework thread of the constructing thread; destroying it undoes both.
-class CWinApp : public CWinThread {
+class ORV_API CWinApp : public CWinThread {
 public:
     CWinApp();
     ~CWinApp() override;
 };
 
 // The framework's module state; this platform has one per process.
-struct AFX_MODULE_STATE {
+struct ORV_API AFX_MODULE_STATE {
     CWinApp* m_pCurrentWinApp = nullptr;
 };
 
-AFX_MODULE_STATE* AfxGetModuleState();
+ORV_API AFX_MODULE_STATE* AfxGetModuleState();
 // The application of the module state, or null.
-CWinApp* AfxGetApp();
+ORV_API CWinApp* AfxGetApp();
 // The framework thread object of the calling thread, or null.
-CWinThread* AfxGetThread();
+ORV_API CWinThread* AfxGetThread();

@@ -3,6 +3,8 @@
 // HashKey).
 #pragma once
 
+#include "port/Export.h"
+
 #include <algorithm>
 #include <bit>
 #include <climits>
@@ -17,7 +19,7 @@
 #include "win/types.h"
 
 // An opaque place in a list or map; null means "none".
-struct __POSITION {};
+struct ORV_API __POSITION {};
 using POSITION = __POSITION*;
 
 // A map's "before the first association" place.

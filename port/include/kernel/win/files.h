@@ -1,6 +1,8 @@
 // Win32 file attributes, answered from the file's POSIX mode and this process's access to it.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
 #define INVALID_FILE_ATTRIBUTES ((DWORD)-1)
@@ -10,7 +12,7 @@
 
 // INVALID_FILE_ATTRIBUTES, with the last error set, when the path can't be examined. READONLY
 // when this process may not both read and write it; NORMAL for a file with no other attribute.
-DWORD GetFileAttributesW(LPCWSTR path);
+ORV_API DWORD GetFileAttributesW(LPCWSTR path);
 // Clearing READONLY gives the owner read and write permission; setting it takes every write
 // permission away. Other attributes are ignored. FALSE, with the last error set, on failure.
-BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);
+ORV_API BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);

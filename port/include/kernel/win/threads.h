@@ -7,6 +7,8 @@
 // (SIGRTMIN + 4) until ResumeThread brings its count back to 0.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/error.h"
 #include "win/time.h"
 #include "win/types.h"
@@ -36,30 +38,30 @@
 
 using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(LPVOID lpThreadParameter);
 
-DWORD GetLastError();
-void SetLastError(DWORD dwErrCode);
+ORV_API DWORD GetLastError();
+ORV_API void SetLastError(DWORD dwErrCode);
 
-BOOL CloseHandle(HANDLE hObject);
+ORV_API BOOL CloseHandle(HANDLE hObject);
 
 // Security attributes are accepted and ignored; the stack size is rounded up to what POSIX
 // threads allow. Flags: CREATE_SUSPENDED and STACK_SIZE_PARAM_IS_A_RESERVATION.
-HANDLE CreateThread(struct _SECURITY_ATTRIBUTES* lpThreadAttributes, SIZE_T dwStackSize,
-                    LPTHREAD_START_ROUTINE lpStartAddress, LPVOID lpParameter,
-                    DWORD dwCreationFlags, LPDWORD lpThreadId);
+ORV_API HANDLE CreateThread(struct _SECURITY_ATTRIBUTES* lpThreadAttributes, SIZE_T dwStackSize,
+                            LPTHREAD_START_ROUTINE lpStartAddress, LPVOID lpParameter,
+                            DWORD dwCreationFlags, LPDWORD lpThreadId);
 // The pseudo handle (HANDLE)-2: it always means the thread that uses it and needs no closing.
-HANDLE GetCurrentThread();
+ORV_API HANDLE GetCurrentThread();
 // The kernel's id of the calling thread (gettid).
-DWORD GetCurrentThreadId();
-DWORD GetThreadId(HANDLE Thread);
-BOOL GetExitCodeThread(HANDLE hThread, LPDWORD lpExitCode);
+ORV_API DWORD GetCurrentThreadId();
+ORV_API DWORD GetThreadId(HANDLE Thread);
+ORV_API BOOL GetExitCodeThread(HANDLE hThread, LPDWORD lpExitCode);
 // Both answer the previous suspend count, or (DWORD)-1 on failure.
-DWORD SuspendThread(HANDLE hThread);
-DWORD ResumeThread(HANDLE hThread);
+ORV_API DWORD SuspendThread(HANDLE hThread);
+ORV_API DWORD ResumeThread(HANDLE hThread);
 
-DWORD WaitForSingleObject(HANDLE hHandle, DWORD dwMilliseconds);
-DWORD WaitForMultipleObjects(DWORD nCount, const HANDLE* lpHandles, BOOL bWaitAll,
-                             DWORD dwMilliseconds);
-void Sleep(DWORD dwMilliseconds);
+ORV_API DWORD WaitForSingleObject(HANDLE hHandle, DWORD dwMilliseconds);
+ORV_API DWORD WaitForMultipleObjects(DWORD nCount, const HANDLE* lpHandles, BOOL bWaitAll,
+                                     DWORD dwMilliseconds);
+ORV_API void Sleep(DWORD dwMilliseconds);
 
 namespace port {
 class CriticalSectionState;
@@ -71,8 +73,8 @@ typedef struct _RTL_CRITICAL_SECTION {
     port::CriticalSectionState* State;
 } CRITICAL_SECTION, *PCRITICAL_SECTION, *LPCRITICAL_SECTION;
 
-void InitializeCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
-void EnterCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
-BOOL TryEnterCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
-void LeaveCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
-void DeleteCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
+ORV_API void InitializeCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
+ORV_API void EnterCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
+ORV_API BOOL TryEnterCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
+ORV_API void LeaveCriticalSection(LPCRITICAL_SECTION lpCriticalSection);
+ORV_API void DeleteCriticalSection(LPCRITICAL_SECTION lpCriticalSection);

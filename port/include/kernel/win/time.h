@@ -2,6 +2,8 @@
 // the millisecond tick counts.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
 typedef struct _SYSTEMTIME {
@@ -34,16 +36,17 @@ typedef struct _TIME_ZONE_INFORMATION {
     LONG DaylightBias;
 } TIME_ZONE_INFORMATION, *PTIME_ZONE_INFORMATION, *LPTIME_ZONE_INFORMATION;
 
-void GetSystemTime(LPSYSTEMTIME lpSystemTime);
-void GetLocalTime(LPSYSTEMTIME lpSystemTime);
-BOOL SystemTimeToFileTime(const SYSTEMTIME* lpSystemTime, LPFILETIME lpFileTime);
-BOOL FileTimeToSystemTime(const FILETIME* lpFileTime, LPSYSTEMTIME lpSystemTime);
+ORV_API void GetSystemTime(LPSYSTEMTIME lpSystemTime);
+ORV_API void GetLocalTime(LPSYSTEMTIME lpSystemTime);
+ORV_API BOOL SystemTimeToFileTime(const SYSTEMTIME* lpSystemTime, LPFILETIME lpFileTime);
+ORV_API BOOL FileTimeToSystemTime(const FILETIME* lpFileTime, LPSYSTEMTIME lpSystemTime);
 // As on Windows, applies the offset from UTC in force now, not the one at the given time.
-BOOL FileTimeToLocalFileTime(const FILETIME* lpFileTime, LPFILETIME lpLocalFileTime);
+ORV_API BOOL FileTimeToLocalFileTime(const FILETIME* lpFileTime, LPFILETIME lpLocalFileTime);
 // A null zone means the system's own time zone (TZ, /etc/localtime), with its full rules.
-BOOL SystemTimeToTzSpecificLocalTime(const TIME_ZONE_INFORMATION* lpTimeZoneInformation,
-                                     const SYSTEMTIME* lpUniversalTime, LPSYSTEMTIME lpLocalTime);
+ORV_API BOOL SystemTimeToTzSpecificLocalTime(const TIME_ZONE_INFORMATION* lpTimeZoneInformation,
+                                             const SYSTEMTIME* lpUniversalTime,
+                                             LPSYSTEMTIME lpLocalTime);
 
 // Milliseconds since the system started; the 32-bit count wraps after 49.7 days.
-DWORD GetTickCount();
-ULONGLONG GetTickCount64();
+ORV_API DWORD GetTickCount();
+ORV_API ULONGLONG GetTickCount64();

@@ -2,6 +2,8 @@
 // store.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/error.h"
 #include "win/time.h"
 #include "win/types.h"
@@ -45,25 +47,26 @@ using LSTATUS = LONG;
 struct _SECURITY_ATTRIBUTES;
 using LPSECURITY_ATTRIBUTES = _SECURITY_ATTRIBUTES*;
 
-LSTATUS RegCreateKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD Reserved, LPWSTR lpClass,
-                        DWORD dwOptions, REGSAM samDesired,
-                        LPSECURITY_ATTRIBUTES lpSecurityAttributes, PHKEY phkResult,
-                        LPDWORD lpdwDisposition);
-LSTATUS RegOpenKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD ulOptions, REGSAM samDesired,
-                      PHKEY phkResult);
-LSTATUS RegCloseKey(HKEY hKey);
-LSTATUS RegQueryValueExW(HKEY hKey, LPCWSTR lpValueName, LPDWORD lpReserved, LPDWORD lpType,
-                         LPBYTE lpData, LPDWORD lpcbData);
-LSTATUS RegSetValueExW(HKEY hKey, LPCWSTR lpValueName, DWORD Reserved, DWORD dwType,
-                       const BYTE* lpData, DWORD cbData);
-LSTATUS RegDeleteValueW(HKEY hKey, LPCWSTR lpValueName);
-LSTATUS RegEnumValueW(HKEY hKey, DWORD dwIndex, LPWSTR lpValueName, LPDWORD lpcchValueName,
-                      LPDWORD lpReserved, LPDWORD lpType, LPBYTE lpData, LPDWORD lpcbData);
-LSTATUS RegEnumKeyExW(HKEY hKey, DWORD dwIndex, LPWSTR lpName, LPDWORD lpcchName,
-                      LPDWORD lpReserved, LPWSTR lpClass, LPDWORD lpcchClass,
-                      PFILETIME lpftLastWriteTime);
-LSTATUS RegDeleteKeyW(HKEY hKey, LPCWSTR lpSubKey);
-LSTATUS RegQueryInfoKeyW(HKEY hKey, LPWSTR lpClass, LPDWORD lpcchClass, LPDWORD lpReserved,
-                         LPDWORD lpcSubKeys, LPDWORD lpcbMaxSubKeyLen, LPDWORD lpcbMaxClassLen,
-                         LPDWORD lpcValues, LPDWORD lpcbMaxValueNameLen, LPDWORD lpcbMaxValueLen,
-                         LPDWORD lpcbSecurityDescriptor, PFILETIME lpftLastWriteTime);
+ORV_API LSTATUS RegCreateKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD Reserved, LPWSTR lpClass,
+                                DWORD dwOptions, REGSAM samDesired,
+                                LPSECURITY_ATTRIBUTES lpSecurityAttributes, PHKEY phkResult,
+                                LPDWORD lpdwDisposition);
+ORV_API LSTATUS RegOpenKeyExW(HKEY hKey, LPCWSTR lpSubKey, DWORD ulOptions, REGSAM samDesired,
+                              PHKEY phkResult);
+ORV_API LSTATUS RegCloseKey(HKEY hKey);
+ORV_API LSTATUS RegQueryValueExW(HKEY hKey, LPCWSTR lpValueName, LPDWORD lpReserved, LPDWORD lpType,
+                                 LPBYTE lpData, LPDWORD lpcbData);
+ORV_API LSTATUS RegSetValueExW(HKEY hKey, LPCWSTR lpValueName, DWORD Reserved, DWORD dwType,
+                               const BYTE* lpData, DWORD cbData);
+ORV_API LSTATUS RegDeleteValueW(HKEY hKey, LPCWSTR lpValueName);
+ORV_API LSTATUS RegEnumValueW(HKEY hKey, DWORD dwIndex, LPWSTR lpValueName, LPDWORD lpcchValueName,
+                              LPDWORD lpReserved, LPDWORD lpType, LPBYTE lpData, LPDWORD lpcbData);
+ORV_API LSTATUS RegEnumKeyExW(HKEY hKey, DWORD dwIndex, LPWSTR lpName, LPDWORD lpcchName,
+                              LPDWORD lpReserved, LPWSTR lpClass, LPDWORD lpcchClass,
+                              PFILETIME lpftLastWriteTime);
+ORV_API LSTATUS RegDeleteKeyW(HKEY hKey, LPCWSTR lpSubKey);
+ORV_API LSTATUS RegQueryInfoKeyW(HKEY hKey, LPWSTR lpClass, LPDWORD lpcchClass, LPDWORD lpReserved,
+                                 LPDWORD lpcSubKeys, LPDWORD lpcbMaxSubKeyLen,
+                                 LPDWORD lpcbMaxClassLen, LPDWORD lpcValues,
+                                 LPDWORD lpcbMaxValueNameLen, LPDWORD lpcbMaxValueLen,
+                                 LPDWORD lpcbSecurityDescriptor, PFILETIME lpftLastWriteTime);

@@ -1,19 +1,21 @@
 // The Win32 geometry structures and the rectangle functions of USER32 that work on them.
 #pragma once
 
+#include "port/Export.h"
+
 #include "win/types.h"
 
-struct POINT {
+struct ORV_API POINT {
     LONG x;
     LONG y;
 };
 
-struct SIZE {
+struct ORV_API SIZE {
     LONG cx;
     LONG cy;
 };
 
-struct RECT {
+struct ORV_API RECT {
     LONG left;
     LONG top;
     LONG right;
@@ -29,14 +31,14 @@ static_assert(sizeof(POINT) == 8 && sizeof(SIZE) == 8 && sizeof(RECT) == 16);
 
 // Each function answers FALSE (and does nothing) when given a null pointer, as USER32 does; a null
 // rectangle counts as empty for IsRectEmpty.
-BOOL SetRect(LPRECT rect, int left, int top, int right, int bottom);
-BOOL SetRectEmpty(LPRECT rect);
-BOOL CopyRect(LPRECT dest, const RECT* src);
-BOOL IsRectEmpty(const RECT* rect);
-BOOL EqualRect(const RECT* a, const RECT* b);
-BOOL PtInRect(const RECT* rect, POINT pt);
-BOOL OffsetRect(LPRECT rect, int dx, int dy);
-BOOL InflateRect(LPRECT rect, int dx, int dy);
+ORV_API BOOL SetRect(LPRECT rect, int left, int top, int right, int bottom);
+ORV_API BOOL SetRectEmpty(LPRECT rect);
+ORV_API BOOL CopyRect(LPRECT dest, const RECT* src);
+ORV_API BOOL IsRectEmpty(const RECT* rect);
+ORV_API BOOL EqualRect(const RECT* a, const RECT* b);
+ORV_API BOOL PtInRect(const RECT* rect, POINT pt);
+ORV_API BOOL OffsetRect(LPRECT rect, int dx, int dy);
+ORV_API BOOL InflateRect(LPRECT rect, int dx, int dy);
 // An empty result is stored as the rectangle (0, 0, 0, 0) and answers FALSE.
-BOOL IntersectRect(LPRECT dest, const RECT* a, const RECT* b);
-BOOL UnionRect(LPRECT dest, const RECT* a, const RECT* b);
+ORV_API BOOL IntersectRect(LPRECT dest, const RECT* a, const RECT* b);
+ORV_API BOOL UnionRect(LPRECT dest, const RECT* a, const RECT* b);
