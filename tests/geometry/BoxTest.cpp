@@ -34,11 +34,9 @@ TEST(AFR_Lin_ListTest, KeepsOrderAndReadsScaledPoints) {
     EXPECT_TRUE(list.IsEmpty());
     list.AddPoint(FRPosition(10, 20, 30));
     list.AddPoint(FRPosition(-10, 0, 5));
-    ASSERT_EQ(list.GetSize(), 2u);
     std::vector<FRPosition> read;
-    for (const FRPosition& p : list) {
+    for (const FRPosition& p : list)
         read.push_back(p / 10.0);
-    }
     ASSERT_EQ(read.size(), 2u);
     ExpectNear(read[0], FRPosition(1, 2, 3));
     ExpectNear(read[1], FRPosition(-1, 0, 0.5));

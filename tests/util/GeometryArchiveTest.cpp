@@ -1,17 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <vector>
 
-#include "mfc/CArchive.h"
-#include "mfc/CException.h"
-#include "mfc/CMemFile.h"
+#include "support/ArchiveRoundTrip.h"
 #include "support/GeometryExpect.h"
 #include "util/GeometryArchive.h"
 
 namespace {
-
-using Bytes = std::vector<BYTE>;
 
 // Little-endian IEEE 754 doubles, by hand.
 const Bytes kOne = {0, 0, 0, 0, 0, 0, 0xF0, 0x3F};
@@ -23,30 +18,17 @@ const Bytes kMinusOne = {0, 0, 0, 0, 0, 0, 0xF0, 0xBF};
 
 Bytes Cat(std::initializer_list<Bytes> parts) {
     Bytes out;
-    for (const Bytes& p : parts) {
+    for (const Bytes& p : parts)
         out.insert(out.end(), p.begin(), p.end());
-    }
     return out;
 }
 
 template <typename T> Bytes Store(const T& value) {
-    CMemFile file;
-    {
-        CArchive ar(&file, CArchive::store);
-        ar << value;
-        ar.Close();
-    }
-    const auto length = static_cast<std::size_t>(file.GetLength());
-    BYTE* data = file.Detach();
-    Bytes out(data, data + length);
-    std::free(data);
-    return out;
+    return StoreBytes([&](CArchive& ar) { ar << value; });
 }
 
-template <typename T> T Load(Bytes bytes, T value) {
-    CMemFile file(bytes.data(), static_cast<UINT>(bytes.size()));
-    CArchive ar(&file, CArchive::load);
-    ar >> value;
+template <typename T> T Load(const Bytes& bytes, T value) {
+    LoadBytes(bytes, [&](CArchive& ar) { ar >> value; });
     return value;
 }
 
@@ -95,15 +77,7 @@ TEST(GeometryArchiveTest, TransformIsMatrixVectorScaleAndFlagBytes) {
 TEST(GeometryArchiveTest, ShortDataThrowsAndLeavesTheTargetAlone) {
     Bytes bytes = Cat({kOne, kMinusTwo, kHalf});
     bytes.resize(20);
-    CMemFile file(bytes.data(), static_cast<UINT>(bytes.size()));
-    CArchive ar(&file, CArchive::load);
     FRPosition p(7, 8, 9);
-    try {
-        ar >> p;
-        ADD_FAILURE() << "no exception";
-    } catch (CArchiveException* e) {
-        EXPECT_EQ(e->m_cause, CArchiveException::endOfFile);
-        e->Delete();
-    }
+    EXPECT_EQ(LoadCause(bytes, [&](CArchive& ar) { ar >> p; }), CArchiveException::endOfFile);
     ExpectNear(p, FRPosition(7, 8, 9), 0);
 }

@@ -11,7 +11,7 @@ namespace {
 const double kHalfRoot2 = std::sqrt(0.5);
 }
 
-TEST(OrvCorrectionForRESNORTest, RestoresOnlyWhenApplied) {
+TEST(OrvCorrectionForRESNORTest, RestoresOnlyWhenAppliedAndAssignmentCopiesBoth) {
     const double before = RESNOR;
     {
         OrvCorrectionForRESNOR guard(1e-4, 1);
@@ -25,10 +25,7 @@ TEST(OrvCorrectionForRESNORTest, RestoresOnlyWhenApplied) {
     }
     EXPECT_DOUBLE_EQ(RESNOR, 1e-5);
     RESNOR = before;
-}
-
-TEST(OrvCorrectionForRESNORTest, AssignmentCopiesSavedValueAndFlag) {
-    const double before = RESNOR;
+    // Assignment copies the saved value and the flag.
     {
         OrvCorrectionForRESNOR outer(1e-3, 1); // saves before
         OrvCorrectionForRESNOR inner(1e-2, 0); // saves 1e-3, will not restore

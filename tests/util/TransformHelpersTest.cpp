@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <random>
+#include <utility>
+#include <vector>
 
 #include "geometry/FRConstants.h"
 #include "support/GeometryExpect.h"
@@ -10,8 +12,26 @@
 
 namespace {
 
-FRPosition Map(double x, double y, double z, const FRTransf& t) {
-    return FRPosition(x, y, z) * t;
+// Each row: a point and where `t` must send it.
+void ExpectMaps(const FRTransf& t, const std::vector<std::pair<FRPosition, FRPosition>>& rows) {
+    for (const auto& [from, to] : rows) {
+        SCOPED_TRACE(testing::Message()
+                     << "from " << from.x() << "," << from.y() << "," << from.z());
+        ExpectNear(from * t, to);
+    }
+}
+
+struct Components {
+    FRUnitVector axis;
+    double angle = 0;
+    FRVector translation;
+    FRTransf rebuilt;
+};
+
+Components Extract(FRTransf t) {
+    Components c;
+    c.rebuilt = ExtractTransformComponents(t, c.axis, c.angle, c.translation);
+    return c;
 }
 
 FRMatrix Rows(FRVector a, FRVector b, FRVector c) {
@@ -47,26 +67,20 @@ TEST(GetRotationAxisForPIRotationTest, HalfTurnsIdentityAndNonRotations) {
                FRVector(1, 0, 0));
 }
 
-TEST(ExtractTransformComponentsTest, HalfTurnsAboutTheAxes) {
+TEST(ExtractTransformComponentsTest, HalfTurnsAboutTheAxesAndTheIdentity) {
     for (const FRUnitVector& axisIn : {FRXAxis, FRYAxis, FRZAxis}) {
-        FRTransf t = GetRotateTransf(PI, axisIn) * GetTranslateTransf(FRVector(1, 2, 3));
-        FRUnitVector axis;
-        double angle = 0;
-        FRVector translation;
-        const FRTransf back = ExtractTransformComponents(t, axis, angle, translation);
-        EXPECT_NEAR(angle, PI, 1e-7);
-        ExpectNear(axis, axisIn);
-        ExpectNear(translation, FRVector(1, 2, 3));
-        EXPECT_TRUE(back == t);
+        const FRTransf t = GetRotateTransf(PI, axisIn) * GetTranslateTransf(FRVector(1, 2, 3));
+        const Components c = Extract(t);
+        EXPECT_NEAR(c.angle, PI, 1e-7);
+        ExpectNear(c.axis, axisIn);
+        ExpectNear(c.translation, FRVector(1, 2, 3));
+        EXPECT_TRUE(c.rebuilt == t);
     }
-}
-
-TEST(ExtractTransformComponentsTest, IdentityHasNoAxis) {
-    FRTransf t;
     FRUnitVector axis = FRXAxis;
     double angle = 1;
     FRVector translation(1, 1, 1);
-    ExtractTransformComponents(t, axis, angle, translation);
+    FRTransf identity;
+    ExtractTransformComponents(identity, axis, angle, translation);
     EXPECT_DOUBLE_EQ(angle, 0.0);
     EXPECT_TRUE(axis.is_null());
     ExpectNear(translation, FRVector());
@@ -79,15 +93,11 @@ TEST(ExtractTransformComponentsTest, RecoversRandomRotations) {
     for (int i = 0; i < 1000; ++i) {
         const FRUnitVector axisIn(unit(rng), unit(rng), unit(rng));
         const double angleIn = turn(rng);
-        FRTransf t = GetRotateTransf(angleIn, axisIn);
-        FRUnitVector axis;
-        double angle = 0;
-        FRVector translation;
-        ExtractTransformComponents(t, axis, angle, translation);
+        const Components c = Extract(GetRotateTransf(angleIn, axisIn));
         // The angle comes back in [0, PI]; beyond a half turn the axis turns round.
         const bool beyondHalf = angleIn > PI;
-        EXPECT_NEAR(angle, beyondHalf ? PI_2 - angleIn : angleIn, 1e-7);
-        ExpectNear(axis, beyondHalf ? -FRVector(axisIn) : FRVector(axisIn), 1e-6);
+        EXPECT_NEAR(c.angle, beyondHalf ? PI_2 - angleIn : angleIn, 1e-7);
+        ExpectNear(c.axis, beyondHalf ? -FRVector(axisIn) : FRVector(axisIn), 1e-6);
     }
 }
 
@@ -99,36 +109,29 @@ TEST(ExtractTransformComponentsTest, RecoversGenericHalfTurnsUnderALooserRESNOR)
     std::uniform_real_distribution<> unit(-1, 1);
     for (int i = 0; i < 200; ++i) {
         const FRUnitVector axisIn(unit(rng), unit(rng), unit(rng));
-        FRTransf t = GetRotateTransf(PI, axisIn);
-        FRUnitVector axis;
-        double angle = 0;
-        FRVector translation;
-        ExtractTransformComponents(t, axis, angle, translation);
-        EXPECT_NEAR(angle, PI, 1e-7);
+        const Components c = Extract(GetRotateTransf(PI, axisIn));
+        EXPECT_NEAR(c.angle, PI, 1e-7);
         // A half turn about a is one about -a too.
-        EXPECT_NEAR(std::fabs(FRVector(axis) % FRVector(axisIn)), 1.0, 1e-9);
+        EXPECT_NEAR(std::fabs(FRVector(c.axis) % FRVector(axisIn)), 1.0, 1e-9);
     }
 }
 
 TEST(GetXYTransformTest, AngleForm) {
     // -normal is -Z: a half turn about X after moving (1, 2, 3) to the origin.
-    const FRTransf t = GetXYTransform(FRZAxis, FRPosition(1, 2, 3), 0.0);
-    ExpectNear(Map(1, 2, 3, t), FRPosition(0, 0, 0));
-    ExpectNear(Map(2, 2, 3, t), FRPosition(1, 0, 0));
-    ExpectNear(Map(1, 3, 3, t), FRPosition(0, -1, 0));
-    ExpectNear(Map(1, 2, 4, t), FRPosition(0, 0, -1));
+    ExpectMaps(GetXYTransform(FRZAxis, FRPosition(1, 2, 3), 0.0), {{{1, 2, 3}, {0, 0, 0}},
+                                                                   {{2, 2, 3}, {1, 0, 0}},
+                                                                   {{1, 3, 3}, {0, -1, 0}},
+                                                                   {{1, 2, 4}, {0, 0, -1}}});
     // Then a quarter turn about -Z: X -> -Y, -Y -> -X.
-    const FRTransf turned = GetXYTransform(FRZAxis, FRPosition(1, 2, 3), PI / 2);
-    ExpectNear(Map(2, 2, 3, turned), FRPosition(0, -1, 0));
-    ExpectNear(Map(1, 3, 3, turned), FRPosition(-1, 0, 0));
+    ExpectMaps(GetXYTransform(FRZAxis, FRPosition(1, 2, 3), PI / 2),
+               {{{2, 2, 3}, {0, -1, 0}}, {{1, 3, 3}, {-1, 0, 0}}});
 }
 
 TEST(GetXYTransformTest, DirectionFormPutsXDirOnX) {
-    const FRTransf t = GetXYTransform(FRZAxis, FRPosition(1, 2, 3), FRYAxis);
-    ExpectNear(Map(1, 3, 3, t), FRPosition(1, 0, 0));
-    ExpectNear(Map(1, 2, 3, t), FRPosition(0, 0, 0));
-    const FRTransf same = GetXYTransform(FRZAxis, FRPosition(1, 2, 3), FRXAxis);
-    EXPECT_TRUE(same == GetXYTransform(FRZAxis, FRPosition(1, 2, 3), 0.0));
+    ExpectMaps(GetXYTransform(FRZAxis, FRPosition(1, 2, 3), FRYAxis),
+               {{{1, 3, 3}, {1, 0, 0}}, {{1, 2, 3}, {0, 0, 0}}});
+    EXPECT_TRUE(GetXYTransform(FRZAxis, FRPosition(1, 2, 3), FRXAxis) ==
+                GetXYTransform(FRZAxis, FRPosition(1, 2, 3), 0.0));
     // A tilted plane: normal (1, 0, 1) / sqrt 2 with xDir (1, 0, -1) / sqrt 2.
     const FRUnitVector n(1, 0, 1);
     const FRUnitVector xDir(1, 0, -1);
@@ -139,10 +142,8 @@ TEST(GetXYTransformTest, DirectionFormPutsXDirOnX) {
 
 TEST(GetTransformToTurnXYTest, WorkedCases) {
     // z already +Z, x = Y: the second rotation is a quarter turn about Z (X onto Y).
-    const FRTransf t = GetTransformToTurnXY(FRZAxis, FRPosition(1, 0, 0), FRYAxis);
-    ExpectNear(Map(2, 0, 0, t), FRPosition(0, 1, 0));
-    ExpectNear(Map(1, 1, 0, t), FRPosition(-1, 0, 0));
+    ExpectMaps(GetTransformToTurnXY(FRZAxis, FRPosition(1, 0, 0), FRYAxis),
+               {{{2, 0, 0}, {0, 1, 0}}, {{1, 1, 0}, {-1, 0, 0}}});
     // z = -Z: a half turn about Y, then x' = -X gives a half turn about Z.
-    const FRTransf flip = GetTransformToTurnXY(-FRZAxis, FRPosition(), FRXAxis);
-    ExpectNear(Map(1, 2, 3, flip), FRPosition(1, -2, -3));
+    ExpectMaps(GetTransformToTurnXY(-FRZAxis, FRPosition(), FRXAxis), {{{1, 2, 3}, {1, -2, -3}}});
 }

@@ -189,16 +189,8 @@ TEST_F(ArchiveObjects, MapObjectNumbersWithoutWriting) {
 
 TEST_F(ArchiveObjects, ClassesWithoutSerialCannotBeWrittenOrAskedFor) {
     CDynamicOnly dynamicOnly;
-    EXPECT_THROW(
-        {
-            try {
-                StoreBytes([&](CArchive& ar) { ar << &dynamicOnly; });
-            } catch (CNotSupportedException* e) {
-                e->Delete();
-                throw 1;
-            }
-        },
-        int);
+    EXPECT_TRUE(ThrowsMfc<CNotSupportedException>(
+        [&] { StoreBytes([&](CArchive& ar) { ar << &dynamicOnly; }); }));
     EXPECT_EQ(
         LoadCause(Hex(kWorkedExample), [](CArchive& ar) { ar.ReadObject(RUNTIME_CLASS(CObject)); }),
         -2);

@@ -1,6 +1,9 @@
 // Scalars, counts, raw bytes, buffering and the archive's modes.
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <tuple>
+
 #include "ArchiveTestClasses.h"
 #include "support/ArchiveRoundTrip.h"
 
@@ -29,37 +32,21 @@ TEST(ArchiveScalars, EachTypeHasItsWindowsWidthLittleEndian) {
         float f;
         double d;
         ar >> by >> ch >> b1 >> b2 >> w >> s >> wc >> i >> u >> l >> ul >> ll >> f >> d;
-        EXPECT_EQ(by, 0xAB);
-        EXPECT_EQ(ch, 'A');
-        EXPECT_TRUE(b1);
-        EXPECT_FALSE(b2);
-        EXPECT_EQ(w, 0x1234);
-        EXPECT_EQ(s, -2);
-        EXPECT_EQ(wc, L'\u00E9');
-        EXPECT_EQ(i, -1);
-        EXPECT_EQ(u, 0x12345678u);
-        EXPECT_EQ(l, -2);
-        EXPECT_EQ(ul, 0xFFFFFFFFul);
-        EXPECT_EQ(ll, 0x0102030405060708LL);
-        EXPECT_EQ(f, 1.0f);
-        EXPECT_EQ(d, -2.5);
+        EXPECT_EQ(std::tuple(by, ch, b1, b2, w, s, wc, i, u, l, ul, ll, f, d),
+                  std::tuple(BYTE(0xAB), 'A', true, false, WORD(0x1234), short(-2), L'\u00E9', -1,
+                             0x12345678u, -2L, 0xFFFFFFFFul, 0x0102030405060708LL, 1.0f, -2.5));
     });
 }
 
-TEST(ArchiveScalars, WindowsNamedSixtyFourBitTypesTakeEightBytes) {
+TEST(ArchiveScalars, WindowsNamedSixtyFourBitTypesTakeEightBytesAndBoolTakesAnyNonZero) {
     // LONGLONG and ULONGLONG must not be the 4-byte long of this platform.
-    try {
-        EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << LONGLONG(-2); }),
-                  Hex("FE FF FF FF FF FF FF FF"));
-        EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << ULONGLONG(0x100000000ULL); }),
-                  Hex("00 00 00 00 01 00 00 00"));
-    } catch (CException* e) {
-        e->Delete();
-        ADD_FAILURE() << "a 64-bit value was taken for a 4-byte long";
-    }
-}
-
-TEST(ArchiveScalars, BoolLoadsAnyNonZeroByteAsTrue) {
+    EXPECT_EQ(ArchiveCause([] {
+                  EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << LONGLONG(-2); }),
+                            Hex("FE FF FF FF FF FF FF FF"));
+                  EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << ULONGLONG(0x100000000ULL); }),
+                            Hex("00 00 00 00 01 00 00 00"));
+              }),
+              -1);
     LoadBytes(Hex("7F"), [](CArchive& ar) {
         bool b = false;
         ar >> b;
@@ -69,22 +56,13 @@ TEST(ArchiveScalars, BoolLoadsAnyNonZeroByteAsTrue) {
 
 TEST(ArchiveScalars, LongThatDoesNotFitFourBytesIsAnError) {
     EXPECT_EQ(StoreBytes([](CArchive& ar) { ar << long(-2147483647 - 1); }), Hex("00 00 00 80"));
-    const auto failure = [](const std::function<void(CArchive&)>& write) {
-        try {
-            StoreBytes(write);
-        } catch (CArchiveException* e) {
-            const int cause = e->m_cause;
-            e->Delete();
-            return cause;
-        }
-        return -1;
+    const std::function<void(CArchive&)> tooWide[] = {
+        [](CArchive& ar) { ar << long(0x80000000L); },
+        [](CArchive& ar) { ar << long(-2147483649L); },
+        [](CArchive& ar) { ar << static_cast<unsigned long>(0x100000000UL); },
     };
-    EXPECT_EQ(failure([](CArchive& ar) { ar << long(0x80000000L); }),
-              CArchiveException::genericException);
-    EXPECT_EQ(failure([](CArchive& ar) { ar << long(-2147483649L); }),
-              CArchiveException::genericException);
-    EXPECT_EQ(failure([](CArchive& ar) { ar << static_cast<unsigned long>(0x100000000UL); }),
-              CArchiveException::genericException);
+    for (const auto& write : tooWide)
+        EXPECT_EQ(ArchiveCause([&] { StoreBytes(write); }), CArchiveException::genericException);
 }
 
 TEST(ArchiveScalars, ShortTypedReadThrowsEndOfFileButRawReadAnswersTheCount) {
@@ -105,16 +83,13 @@ TEST(ArchiveScalars, ShortTypedReadThrowsEndOfFileButRawReadAnswersTheCount) {
 TEST(ArchiveScalars, WrongDirectionThrowsReadOnlyOrWriteOnly) {
     EXPECT_EQ(LoadCause(Hex("01 00 00 00"), [](CArchive& ar) { ar << 1; }),
               CArchiveException::readOnly);
-    try {
-        StoreBytes([](CArchive& ar) {
-            int i;
-            ar >> i;
-        });
-        ADD_FAILURE() << "no exception";
-    } catch (CArchiveException* e) {
-        EXPECT_EQ(e->m_cause, CArchiveException::writeOnly);
-        e->Delete();
-    }
+    EXPECT_EQ(ArchiveCause([] {
+                  StoreBytes([](CArchive& ar) {
+                      int i;
+                      ar >> i;
+                  });
+              }),
+              CArchiveException::writeOnly);
 }
 
 TEST(ArchiveCounts, EachRangeTakesItsForm) {

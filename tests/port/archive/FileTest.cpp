@@ -147,16 +147,7 @@ TEST(MemFile, AttachedFixedBufferCannotGrow) {
     file.Write("\x09", 1);
     EXPECT_EQ(buffer[0], 9);
     file.SeekToEnd();
-    EXPECT_THROW(
-        {
-            try {
-                file.Write("x", 1);
-            } catch (CMemoryException* e) {
-                e->Delete();
-                throw 1;
-            }
-        },
-        int);
+    EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { file.Write("x", 1); }));
     EXPECT_EQ(file.Detach(), buffer);
     EXPECT_EQ(file.GetLength(), 0u);
 }

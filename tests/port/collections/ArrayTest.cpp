@@ -7,7 +7,6 @@
 
 #include "support/ArchiveRoundTrip.h"
 
-
 namespace {
 
 std::vector<int> Contents(const CArray<int, int>& array) {

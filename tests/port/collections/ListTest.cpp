@@ -8,7 +8,6 @@
 
 #include "support/ArchiveRoundTrip.h"
 
-
 namespace {
 
 std::vector<int> Forward(const CList<int, int>& list) {
@@ -98,7 +97,7 @@ TEST(CListTest, InsertBeforeHeadAndAfterTailMoveTheEnds) {
     ExpectOrder(list, {0, 4, 45, 5, 55, 6, 99});
 }
 
-TEST(CListTest, FindStartsAfterTheGivenPosition) {
+TEST(CListTest, FindStartsAfterTheGivenPositionAndFindIndexCountsFromTheHead) {
     CList<int, int> list;
     for (int v : {7, 1, 7, 2, 7})
         list.AddTail(v);
@@ -110,23 +109,11 @@ TEST(CListTest, FindStartsAfterTheGivenPosition) {
     EXPECT_EQ(third, list.GetTailPosition());
     EXPECT_EQ(list.Find(7, third), nullptr);
     EXPECT_EQ(list.Find(3), nullptr);
-}
-
-TEST(CListTest, FindIndexCountsFromTheHeadAndStopsAtTheEnd) {
-    CList<int, int> list;
-    for (int i = 0; i < 4; ++i)
-        list.AddTail(i * 10);
-    EXPECT_EQ(list.GetAt(list.FindIndex(0)), 0);
-    EXPECT_EQ(list.GetAt(list.FindIndex(3)), 30);
-    EXPECT_EQ(list.FindIndex(4), nullptr);
+    // FindIndex counts from the head and stops at the end; SetAt and GetAt reach the element.
+    EXPECT_EQ(list.GetAt(list.FindIndex(3)), 2);
+    EXPECT_EQ(list.FindIndex(5), nullptr);
     EXPECT_EQ(list.FindIndex(-1), nullptr);
-}
-
-TEST(CListTest, SetAtAndGetAtReachTheElement) {
-    CList<int, int> list;
-    POSITION pos = list.AddTail(1);
-    list.AddTail(2);
-    list.SetAt(pos, 11);
+    list.SetAt(first, 11);
     EXPECT_EQ(list.GetHead(), 11);
     list.GetAt(list.GetTailPosition()) = 22;
     EXPECT_EQ(list.GetTail(), 22);
@@ -220,8 +207,6 @@ TEST(CListTest, AnyBlockSizeHoldsLongListsAndStableReferences) {
 
 TEST(CListTest, BlockSizeMustBePositive) {
     EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([] { CList<int, int> list(0); }));
-    CObList blocks(10);
-    EXPECT_TRUE(blocks.IsEmpty());
 }
 
 TEST(CStringListTest, FindsByValueAndTakesPlainText) {

@@ -8,7 +8,6 @@
 
 #include "support/ArchiveRoundTrip.h"
 
-
 TEST(CMapTest, SetAtOverwritesAndLookupFinds) {
     CMap<int, int, CString, const CString&> map;
     CString text;

@@ -28,29 +28,22 @@ void* Address(std::uintptr_t value) {
 }
 
 TEST(FormatDumpLines, ObjectDumpTexts) {
-    EXPECT_EQ(F(L"\n m_Label: %s", L"Part 7"), L"\n m_Label: Part 7");
-    EXPECT_EQ(F(L"\n m_ObjectId: %d", -42), L"\n m_ObjectId: -42");
     EXPECT_EQ(F(L"\n Address of this: %p", Address(0x1234ABCD)),
               L"\n Address of this: 000000001234ABCD");
     EXPECT_EQ(F(L"\n Address of this: %p", nullptr), L"\n Address of this: 0000000000000000");
     EXPECT_EQ(
         F(L"\n ObjectClassName : %s,  Address of pObj: %p", L"OrvObject", Address(0x7FF6A0B1C2D3)),
         L"\n ObjectClassName : OrvObject,  Address of pObj: 00007FF6A0B1C2D3");
-    EXPECT_EQ(F(L"\n m_List count: %d\n", 0), L"\n m_List count: 0\n");
     EXPECT_EQ(F(L"\n m_Data: %8.6f", 3.14159265), L"\n m_Data: 3.141593");
-    EXPECT_EQ(F(L"\n m_Data: %8.6f", 123.5), L"\n m_Data: 123.500000");
     EXPECT_EQ(F(L"\n m_RefPosOfObject: %8.6f %8.6f %8.6f", -1.5, 0.0, 2.25),
               L"\n m_RefPosOfObject: -1.500000 0.000000 2.250000");
-    EXPECT_EQ(F(L"\n m_OptIndices Item: %d : %d\n", 3, 17), L"\n m_OptIndices Item: 3 : 17\n");
 }
 
-TEST(FormatDumpLines, ExceptionReportTexts) {
+TEST(FormatDumpLines, ExceptionReportAndOtherLibraryTexts) {
     EXPECT_EQ(F(L"Error type          :    %s (0x%08x)\r\n", L"Access violation", 0xC0000005u),
               L"Error type          :    Access violation (0xc0000005)\r\n");
     EXPECT_EQ(F(L"Error at            :    %04x:%08x \r\n", 0x33, 0x4010A2),
               L"Error at            :    0033:004010a2 \r\n");
-    EXPECT_EQ(F(L"%s location %08x caused an access violation.\r\n", L"Read from", 0),
-              L"Read from location 00000000 caused an access violation.\r\n");
     EXPECT_EQ(F(L"Storage version                :  %8.4f \r\n", 12.5),
               CString(L"Storage version                :  ") + L" 12.5000" + L" \r\n");
     EXPECT_EQ(F(L"Halden version             :   %s  (%d/%03d) \r\n", L"R3", 2024007 / 1000,
@@ -61,24 +54,14 @@ TEST(FormatDumpLines, ExceptionReportTexts) {
     EXPECT_EQ(
         F(L"RIP   :    0x%08x  RBP:   0x%08x  SegCs:   0x%08x\r\n", 0xDEADBEEFu, 0x10u, 0x33u),
         L"RIP   :    0xdeadbeef  RBP:   0x00000010  SegCs:   0x00000033\r\n");
-    EXPECT_EQ(F(L"%02x %02x ", 0x0F, 0xA0), L"0f a0 ");
     EXPECT_EQ(F(L"File Size   :   %-10d    File Time :   %s\r\n", 12345, L""),
               CString(L"File Size   :   12345") + L"     " + L"    File Time :   \r\n");
     EXPECT_EQ(F(L"Operating system               : %s ( %s ) \r\n", L"Linux",
                 F(L"%u.%u.%u", 6u, 1u, 0u).GetString()),
               L"Operating system               : Linux ( 6.1.0 ) \r\n");
-    EXPECT_EQ(F(L"\r\n---------- [end of %s] ------------\r\n\r\n", L"/tmp/a-1.txt"),
-              L"\r\n---------- [end of /tmp/a-1.txt] ------------\r\n\r\n");
-}
-
-TEST(FormatDumpLines, OtherLibraryTexts) {
     EXPECT_EQ(F(L"STATIONS=%d DIAM=%.3f GAUGEX=%.3f ROT_ABOUT=%s \n", 12, 250.0, -3.25, L"Z"),
               L"STATIONS=12 DIAM=250.000 GAUGEX=-3.250 ROT_ABOUT=Z \n");
-    EXPECT_EQ(F(L"RGB(%d,%d,%d)\n", 255, 0, 128), L"RGB(255,0,128)\n");
-    EXPECT_EQ(F(L"%.2f", 1234.5), L"1234.50");
-    EXPECT_EQ(F(L"%s-%d.%s", L"Part", 3, L"txt"), L"Part-3.txt");
     EXPECT_EQ(F(L"%6.2f", 2.5), L"  2.50");
-    EXPECT_EQ(F(L"%02d:%02d:%02d", 5, 7, 9), L"05:07:09");
     EXPECT_EQ(F(L"%02d:%02d:%02d", 123, 0, 1), L"123:00:01");
     EXPECT_EQ(F(L"%0.6g", 0.1), L"0.1");
     EXPECT_EQ(F(L"%0.6g", 1234567.0), L"1.23457e+06");
@@ -172,16 +155,6 @@ TEST(FormatRefused, PercentNAndUnknownConversionsLeaveTheStringAlone) {
     EXPECT_EQ(s, L"before");
 }
 
-TEST(FormatAppend, AppendFormatAndSelfReference) {
-    CString s(L"a");
-    s.AppendFormat(L"%d-%s", 5, L"b");
-    EXPECT_EQ(s, L"a5-b");
-    s.Format(L"%s!", s.GetString()); // the argument is the string being formatted
-    EXPECT_EQ(s, L"a5-b!");
-    s.Format(L"");
-    EXPECT_TRUE(s.IsEmpty());
-}
-
 CString FormatThroughV(const wchar_t* format, ...) {
     va_list args;
     va_start(args, format);
@@ -191,7 +164,14 @@ CString FormatThroughV(const wchar_t* format, ...) {
     return s;
 }
 
-TEST(FormatAppend, FormatVTakesAVaList) {
+TEST(FormatAppend, AppendFormatFormatVAndSelfReference) {
+    CString s(L"a");
+    s.AppendFormat(L"%d-%s", 5, L"b");
+    EXPECT_EQ(s, L"a5-b");
+    s.Format(L"%s!", s.GetString()); // the argument is the string being formatted
+    EXPECT_EQ(s, L"a5-b!");
+    s.Format(L"");
+    EXPECT_TRUE(s.IsEmpty());
     EXPECT_EQ(FormatThroughV(L"%s=%I64d", L"n", 1LL << 33), L"n=8589934592");
 }
 

@@ -20,15 +20,11 @@ protected:
     }
 };
 
-TEST_F(LoadStringTest, WithoutLoaderAnswersFalseAndEmpty) {
+TEST_F(LoadStringTest, LoaderResolvesIdsInBothWidthsAndForFormat) {
     CString s(L"old");
-    EXPECT_EQ(s.LoadString(101), FALSE);
+    EXPECT_EQ(s.LoadString(101), FALSE); // no loader yet
     EXPECT_TRUE(s.IsEmpty());
-}
-
-TEST_F(LoadStringTest, LoaderResolvesIdsInBothWidths) {
     InstallTable();
-    CString s;
     EXPECT_EQ(s.LoadString(101), TRUE);
     EXPECT_EQ(s, L"Hello %s");
     CStringA a;
@@ -37,11 +33,6 @@ TEST_F(LoadStringTest, LoaderResolvesIdsInBothWidths) {
     s = L"old";
     EXPECT_EQ(s.LoadString(999), FALSE);
     EXPECT_TRUE(s.IsEmpty());
-}
-
-TEST_F(LoadStringTest, FormatByResourceId) {
-    InstallTable();
-    CString s;
     s.Format(101u, L"world");
     EXPECT_EQ(s, L"Hello world");
 }

@@ -34,15 +34,9 @@ protected:
     HANDLE thread = nullptr;
 };
 
-TEST_F(SuspendCounter, SuspendedThreadMakesNoProgressUntilResumed) {
-    EXPECT_EQ(SuspendThread(thread), 0u);
-    EXPECT_TRUE(StandsStill());
-    EXPECT_EQ(ResumeThread(thread), 1u);
-    EXPECT_TRUE(CounterPasses(counter, counter.count));
-}
-
 TEST_F(SuspendCounter, CountsNestAndOnlyTheLastResumeReleases) {
     EXPECT_EQ(SuspendThread(thread), 0u);
+    EXPECT_TRUE(StandsStill());
     EXPECT_EQ(SuspendThread(thread), 1u);
     EXPECT_EQ(SuspendThread(thread), 2u);
     EXPECT_EQ(ResumeThread(thread), 3u);

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "win/threads.h"
 
@@ -118,93 +119,88 @@ TEST(SystemTime, SystemClockIsNow) {
     EXPECT_LE(ours > unixNow ? ours - unixNow : unixNow - ours, 2u);
 }
 
-TEST(LocalTime, SystemZoneFollowsItsDaylightRules) {
-    const ZoneScope zone("EST5EDT,M3.2.0,M11.1.0");
-    SYSTEMTIME local{};
-    const SYSTEMTIME summer = Make(2021, 7, 1, 17, 5, 9, 250);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(nullptr, &summer, &local));
-    EXPECT_EQ(local.wHour, 13);
-    EXPECT_EQ(local.wMinute, 5);
-    EXPECT_EQ(local.wSecond, 9);
-    EXPECT_EQ(local.wMilliseconds, 250);
-
-    const SYSTEMTIME winter = Make(2021, 1, 15, 5, 10, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(nullptr, &winter, &local));
-    EXPECT_EQ(local.wDay, 15);
-    EXPECT_EQ(local.wHour, 0);
-    EXPECT_EQ(local.wMinute, 10);
-
-    // Across midnight into the previous day.
-    const SYSTEMTIME early = Make(2021, 1, 1, 3, 0, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(nullptr, &early, &local));
-    EXPECT_EQ(local.wYear, 2020);
-    EXPECT_EQ(local.wMonth, 12);
-    EXPECT_EQ(local.wDay, 31);
-    EXPECT_EQ(local.wHour, 22);
-    EXPECT_EQ(local.wDayOfWeek, 4); // 31 December 2020 was a Thursday
-}
-
 // Eastern time in Windows' terms: daylight from the second Sunday of March at 02:00 to the
 // first Sunday of November at 02:00.
 TIME_ZONE_INFORMATION Eastern() {
     TIME_ZONE_INFORMATION zone{};
     zone.Bias = 300;
     zone.StandardDate = Make(0, 11, 1, 2);
-    zone.StandardDate.wDayOfWeek = 0;
     zone.DaylightDate = Make(0, 3, 2, 2);
-    zone.DaylightDate.wDayOfWeek = 0;
     zone.DaylightBias = -60;
     return zone;
 }
 
-TEST(LocalTime, ExplicitZoneSwitchesAtItsTransitions) {
-    const TIME_ZONE_INFORMATION zone = Eastern();
-    SYSTEMTIME local{};
-    // 14 March 2021 is the second Sunday: 06:59 UTC is 01:59 EST, 07:00 UTC is 03:00 EDT.
-    const SYSTEMTIME before = Make(2021, 3, 14, 6, 59, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&zone, &before, &local));
-    EXPECT_EQ(local.wHour, 1);
-    EXPECT_EQ(local.wMinute, 59);
-    const SYSTEMTIME after = Make(2021, 3, 14, 7, 0, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&zone, &after, &local));
-    EXPECT_EQ(local.wHour, 3);
-    EXPECT_EQ(local.wMinute, 0);
-    // 7 November 2021 is the first Sunday: 05:59 UTC is 01:59 EDT, 06:00 UTC is 01:00 EST.
-    const SYSTEMTIME lastDaylight = Make(2021, 11, 7, 5, 59, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&zone, &lastDaylight, &local));
-    EXPECT_EQ(local.wHour, 1);
-    EXPECT_EQ(local.wMinute, 59);
-    const SYSTEMTIME firstStandard = Make(2021, 11, 7, 6, 0, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&zone, &firstStandard, &local));
-    EXPECT_EQ(local.wHour, 1);
-    EXPECT_EQ(local.wMinute, 0);
-}
-
-TEST(LocalTime, LastWeekdayRuleAndZonesWithoutDaylightTime) {
-    // Central Europe: daylight from the last Sunday of March 01:00 UTC (02:00 standard).
+// Central Europe: daylight from the last Sunday of March 01:00 UTC (02:00 standard).
+TIME_ZONE_INFORMATION Central() {
     TIME_ZONE_INFORMATION zone{};
     zone.Bias = -60;
     zone.StandardDate = Make(0, 10, 5, 3);
     zone.DaylightDate = Make(0, 3, 5, 2);
     zone.DaylightBias = -60;
-    SYSTEMTIME local{};
-    // The last Sunday of March 2021 is the 28th (the 5th Sunday would be past the month's end).
-    const SYSTEMTIME saturday = Make(2021, 3, 27, 12, 0, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&zone, &saturday, &local));
-    EXPECT_EQ(local.wHour, 13);
-    const SYSTEMTIME sunday = Make(2021, 3, 28, 12, 0, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&zone, &sunday, &local));
-    EXPECT_EQ(local.wHour, 14);
+    return zone;
+}
 
+struct LocalCase {
+    const char* what;
+    const TIME_ZONE_INFORMATION* zone; // null: the system zone
+    SYSTEMTIME utc;
+    SYSTEMTIME local; // the fields compared; wDayOfWeek only where not zero
+};
+
+void ExpectLocal(const std::vector<LocalCase>& cases) {
+    for (const LocalCase& c : cases) {
+        SCOPED_TRACE(c.what);
+        SYSTEMTIME local{};
+        ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(c.zone, &c.utc, &local));
+        EXPECT_EQ(local.wYear, c.local.wYear);
+        EXPECT_EQ(local.wMonth, c.local.wMonth);
+        EXPECT_EQ(local.wDay, c.local.wDay);
+        EXPECT_EQ(local.wHour, c.local.wHour);
+        EXPECT_EQ(local.wMinute, c.local.wMinute);
+        EXPECT_EQ(local.wSecond, c.local.wSecond);
+        EXPECT_EQ(local.wMilliseconds, c.local.wMilliseconds);
+        if (c.local.wDayOfWeek != 0) {
+            EXPECT_EQ(local.wDayOfWeek, c.local.wDayOfWeek);
+        }
+    }
+}
+
+SYSTEMTIME OnWeekday(SYSTEMTIME time, int weekday) {
+    time.wDayOfWeek = static_cast<WORD>(weekday);
+    return time;
+}
+
+TEST(LocalTime, SystemZoneFollowsItsDaylightRules) {
+    const ZoneScope zone("EST5EDT,M3.2.0,M11.1.0");
+    ExpectLocal({
+        {"summer", nullptr, Make(2021, 7, 1, 17, 5, 9, 250), Make(2021, 7, 1, 13, 5, 9, 250)},
+        {"winter", nullptr, Make(2021, 1, 15, 5, 10, 0), Make(2021, 1, 15, 0, 10, 0)},
+        // Across midnight into the previous day, a Thursday.
+        {"new year", nullptr, Make(2021, 1, 1, 3, 0, 0), OnWeekday(Make(2020, 12, 31, 22), 4)},
+    });
+}
+
+TEST(LocalTime, ExplicitZonesSwitchAtTheirTransitions) {
+    const TIME_ZONE_INFORMATION eastern = Eastern();
+    const TIME_ZONE_INFORMATION central = Central();
     TIME_ZONE_INFORMATION india{};
     india.Bias = -330;
-    const SYSTEMTIME noon = Make(2021, 6, 1, 12, 0, 0);
-    ASSERT_TRUE(SystemTimeToTzSpecificLocalTime(&india, &noon, &local));
-    EXPECT_EQ(local.wHour, 17);
-    EXPECT_EQ(local.wMinute, 30);
-
+    ExpectLocal({
+        // 14 March 2021 is the second Sunday: 06:59 UTC is 01:59 EST, 07:00 UTC is 03:00 EDT.
+        {"before spring", &eastern, Make(2021, 3, 14, 6, 59), Make(2021, 3, 14, 1, 59)},
+        {"after spring", &eastern, Make(2021, 3, 14, 7, 0), Make(2021, 3, 14, 3, 0)},
+        // 7 November 2021 is the first Sunday: 05:59 UTC is 01:59 EDT, 06:00 UTC is 01:00 EST.
+        {"last daylight", &eastern, Make(2021, 11, 7, 5, 59), Make(2021, 11, 7, 1, 59)},
+        {"first standard", &eastern, Make(2021, 11, 7, 6, 0), Make(2021, 11, 7, 1, 0)},
+        // The last Sunday of March 2021 is the 28th (the 5th Sunday would be past the month's end).
+        {"saturday", &central, Make(2021, 3, 27, 12), Make(2021, 3, 27, 13)},
+        {"sunday", &central, Make(2021, 3, 28, 12), Make(2021, 3, 28, 14)},
+        {"no daylight time", &india, Make(2021, 6, 1, 12), Make(2021, 6, 1, 17, 30)},
+    });
     TIME_ZONE_INFORMATION absolute = Eastern();
     absolute.DaylightDate.wYear = 2021;
+    const SYSTEMTIME noon = Make(2021, 6, 1, 12);
+    SYSTEMTIME local{};
     EXPECT_FALSE(SystemTimeToTzSpecificLocalTime(&absolute, &noon, &local));
 }
 
