@@ -147,17 +147,6 @@ TEST(SettingsTyping, ColourAndLongDoubleOverloadsKeepTheirWidths) {
     EXPECT_EQ(l, 0.25L);
 }
 
-TEST(SettingsKeyNames, GetNameOfAChild) {
-    OrvSettingsKey root(L"Root", L"P");
-    OrvIntValue value(L"V", 1);
-    OrvSettingsKey child(L"C", L"Q");
-    OrvBaseObject other;
-    EXPECT_EQ(root.GetName(), L"Root");
-    EXPECT_EQ(root.GetName(&value), L"V");
-    EXPECT_EQ(root.GetName(&child), L"C");
-    EXPECT_EQ(root.GetName(&other), L"");
-}
-
 TEST(SettingsMerge, OneLevelByNameWithTheMillFeatureException) {
     OpenKey key(L"K", L"P");
     CObList loaded, defaults;
