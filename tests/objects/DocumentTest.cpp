@@ -205,14 +205,38 @@ int LoadFails(const std::vector<std::uint8_t>& bytes) {
     return -1;
 }
 
+// Cut short anywhere, the document fails with an archive exception.
+void ExpectEveryTruncationFails(const std::vector<std::uint8_t>& bytes) {
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        SCOPED_TRACE(length);
+        LoadFails(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + length));
+    }
+}
+
+// With any one bit flipped, the document loads (a name or a value changed: still a document, which
+// `use` walks) or fails with an archive exception; both happen.
+void ExpectFlippedBitsLoadOrFail(
+    const std::vector<std::uint8_t>& bytes, void (*use)(NodeDocument&) = [](NodeDocument&) {}) {
+    int failures = 0, loads = 0;
+    for (std::size_t at = 0; at < bytes.size(); ++at)
+        for (int bit = 0; bit < 8; ++bit) {
+            auto flipped = bytes;
+            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
+            try {
+                use(*Load(flipped));
+                ++loads;
+            } catch (CArchiveException* e) {
+                e->Delete();
+                ++failures;
+            }
+        }
+    EXPECT_GT(failures, 0);
+    EXPECT_GT(loads, 0);
+}
+
 TEST_F(DocumentTest, EveryTruncationIsAnArchiveException) {
     BuildDocument(m_doc, 40);
-    const auto bytes = Store(m_doc);
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-        std::vector<std::uint8_t> cut(bytes.begin(), bytes.begin() + length);
-        SCOPED_TRACE(length);
-        LoadFails(cut);
-    }
+    ExpectEveryTruncationFails(Store(m_doc));
 }
 
 TEST_F(DocumentTest, DamagedStructureIsAnArchiveException) {
@@ -240,22 +264,7 @@ TEST_F(DocumentTest, ANodeListedTwiceIsRefused) {
 
 TEST_F(DocumentTest, FlippedBitsLoadOrFailCleanly) {
     BuildDocument(m_doc, 12);
-    const auto bytes = Store(m_doc);
-    int failures = 0, loads = 0;
-    for (std::size_t at = 0; at < bytes.size(); ++at)
-        for (int bit = 0; bit < 8; ++bit) {
-            auto flipped = bytes;
-            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
-            try {
-                auto loaded = Load(flipped);
-                ++loads; // a name or a value changed: still a document
-            } catch (CArchiveException* e) {
-                e->Delete();
-                ++failures;
-            }
-        }
-    EXPECT_GT(failures, 0);
-    EXPECT_GT(loads, 0);
+    ExpectFlippedBitsLoadOrFail(Store(m_doc));
 }
 
 } // namespace
@@ -353,26 +362,8 @@ TEST_F(DocumentTest, AFolderListThatBringsANodeOfItsOwnIsRefused) {
 TEST_F(DocumentTest, DamagedFolderDocumentsFailCleanly) {
     BuildFolderDocument(m_doc);
     const auto bytes = Store(m_doc);
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-        SCOPED_TRACE(length);
-        LoadFails(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + length));
-    }
-    int failures = 0, loads = 0;
-    for (std::size_t at = 0; at < bytes.size(); ++at)
-        for (int bit = 0; bit < 8; ++bit) {
-            auto flipped = bytes;
-            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
-            try {
-                auto loaded = Load(flipped);
-                FolderViews(*loaded);
-                ++loads;
-            } catch (CArchiveException* e) {
-                e->Delete();
-                ++failures;
-            }
-        }
-    EXPECT_GT(failures, 0);
-    EXPECT_GT(loads, 0);
+    ExpectEveryTruncationFails(bytes);
+    ExpectFlippedBitsLoadOrFail(bytes, [](NodeDocument& loaded) { FolderViews(loaded); });
 }
 
 // A damaged document, found by fuzzing, whose folder list enters itself in a node's user list: the
