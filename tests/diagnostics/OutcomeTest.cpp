@@ -111,13 +111,11 @@ TEST_F(OutcomeTest, SeverityTableGivesStyleAndDefaultCaption) {
     }
 }
 
-TEST_F(OutcomeTest, ExplicitCaptionIdWins) {
+TEST_F(OutcomeTest, ExplicitCaptionIdWinsAndUnknownSeverityShowsNothing) {
     Outcome(1, SEVERITY_WARNING_YESNO, 777).Display(CString(L"x"));
     ASSERT_EQ(m_boxes.size(), 1u);
     EXPECT_EQ(m_boxes[0].caption, CString(L"caption 777"));
-}
-
-TEST_F(OutcomeTest, UnknownSeverityShowsNothing) {
+    m_boxes.clear();
     EXPECT_EQ(static_cast<int>(Outcome(1, static_cast<SeverityIndex>(7)).Display(CString(L"x"))),
               -101);
     EXPECT_TRUE(m_boxes.empty());
@@ -184,27 +182,23 @@ TEST_F(OutcomeTest, ProductSpecificTextIsSubstituted) {
 }
 
 TEST_F(OutcomeTest, FocusOnNoAppliesToOneRelabelledBox) {
+    Outcome plain(1, SEVERITY_WARNING_YESNO);
+    plain.SetMessageBoxButtonFocus(IDNO);
+    plain.Display(CString(L"plain")); // no hook on a plain box: the focus is kept for later
+    EXPECT_EQ(Outcome::m_buttonID, IDNO);
     Outcome outcome(1, SEVERITY_WARNING_YESNO);
     outcome.SetMessageBoxButtonNewLabels(L"Keep", L"Discard");
     outcome.SetMessageBoxButtonFocus(IDNO);
     outcome.Display(CString(L"first"));
     outcome.Display(CString(L"second"));
-    ASSERT_EQ(m_boxes.size(), 2u);
-    EXPECT_TRUE(m_boxes[0].relabelled);
-    EXPECT_EQ(m_boxes[0].yesLabel, CString(L"Keep"));
-    EXPECT_EQ(m_boxes[0].noLabel, CString(L"Discard"));
-    EXPECT_EQ(m_boxes[0].focusButton, IDNO);
-    EXPECT_EQ(m_boxes[1].focusButton, IDYES);
+    ASSERT_EQ(m_boxes.size(), 3u);
+    EXPECT_EQ(m_boxes[0].focusButton, IDYES);
+    EXPECT_TRUE(m_boxes[1].relabelled);
+    EXPECT_EQ(m_boxes[1].yesLabel, CString(L"Keep"));
+    EXPECT_EQ(m_boxes[1].noLabel, CString(L"Discard"));
+    EXPECT_EQ(m_boxes[1].focusButton, IDNO);
+    EXPECT_EQ(m_boxes[2].focusButton, IDYES);
     EXPECT_EQ(Outcome::m_buttonID, IDYES);
-}
-
-TEST_F(OutcomeTest, FocusIsKeptWhileNoBoxIsRelabelled) {
-    Outcome outcome(1, SEVERITY_WARNING_YESNO);
-    outcome.SetMessageBoxButtonFocus(IDNO);
-    outcome.Display(CString(L"plain"));
-    ASSERT_EQ(m_boxes.size(), 1u);
-    EXPECT_EQ(m_boxes[0].focusButton, IDYES); // no hook on a plain box
-    EXPECT_EQ(Outcome::m_buttonID, IDNO);
 }
 
 TEST_F(OutcomeTest, HelpContextUsesTheIndirectBoxWithLabels) {
