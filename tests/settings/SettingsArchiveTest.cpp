@@ -2,7 +2,7 @@
 // damaged input.
 #include <gtest/gtest.h>
 
-#include "NineValues.h"
+#include "SettingsValues.h"
 #include "addin/NodeDocument.h"
 #include "settings/OrvSettingsKey.h"
 #include "support/ArchiveBytes.h"
@@ -121,19 +121,12 @@ TEST_F(SettingsArchiveTest, OlderDocumentMergesWithTheCurrentDefaults) {
     std::unique_ptr<TestSettingsRoot> root(dynamic_cast<TestSettingsRoot*>(loaded));
     ASSERT_TRUE(root);
 
-    int keep = -1, mill = -1, newOpt = -1, dropped = -1, inner1 = -1, inner2 = -1;
-    root->GetValue(L"Keep", keep);
-    root->GetValue(L"MillFeatureCreationStyle", mill);
-    root->GetValue(L"NewOpt", newOpt);
-    root->GetValue(L"Dropped", dropped);
-    root->GetValue(L"Inner1", inner1);
-    root->GetValue(L"Inner2", inner2);
-    EXPECT_EQ(keep, 5);     // the archive beats the default
-    EXPECT_EQ(mill, 0);     // older than the option: 0, not the default 1
-    EXPECT_EQ(newOpt, 7);   // newer than the document: the default
-    EXPECT_EQ(dropped, -1); // gone
-    EXPECT_EQ(inner1, 11);  // the nested group merged too
-    EXPECT_EQ(inner2, 20);
+    EXPECT_EQ(ValueOf(*root, L"Keep", -1), 5);                     // the archive beats the default
+    EXPECT_EQ(ValueOf(*root, L"MillFeatureCreationStyle", -1), 0); // older than it: 0, not 1
+    EXPECT_EQ(ValueOf(*root, L"NewOpt", -1), 7);   // newer than the document: the default
+    EXPECT_EQ(ValueOf(*root, L"Dropped", -1), -1); // gone
+    EXPECT_EQ(ValueOf(*root, L"Inner1", -1), 11);  // the nested group merged too
+    EXPECT_EQ(ValueOf(*root, L"Inner2", -1), 20);
 
     // Defaults moved to the head in their own order; the loaded ones follow in file order.
     EXPECT_EQ(root->Names(),
@@ -158,9 +151,7 @@ TEST_F(SettingsArchiveTest, StoredMillFeatureCreationStyleIsKept) {
     b.NewClass("OrvIntValue", 1).ClassRef(1).String(L"MillFeatureCreationStyle").Int(1);
     TestSettingsRoot root;
     LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); });
-    int mill = -1;
-    root.GetValue(L"MillFeatureCreationStyle", mill);
-    EXPECT_EQ(mill, 1);
+    EXPECT_EQ(ValueOf(root, L"MillFeatureCreationStyle", -1), 1);
 }
 
 TEST_F(SettingsArchiveTest, DocumentOfStorageVersionSixHasNoBaseClassTags) {
@@ -169,9 +160,7 @@ TEST_F(SettingsArchiveTest, DocumentOfStorageVersionSixHasNoBaseClassTags) {
     b.Count(1).NewClass("OrvIntValue", 1).String(L"Keep").Int(3);
     TestSettingsRoot root;
     EXPECT_EQ(LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); }), 0u);
-    int keep = 0;
-    root.GetValue(L"Keep", keep);
-    EXPECT_EQ(keep, 3);
+    EXPECT_EQ(ValueOf(root, L"Keep", 0), 3);
 }
 
 // Loading damaged bytes into a key must throw an archive exception and leave its defaults.
@@ -239,9 +228,7 @@ TEST_F(SettingsArchiveTest, EightBitNamesLoadToo) {
     b.Int(42);
     TestSettingsRoot root;
     LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); });
-    int keep = 0;
-    root.GetValue(L"Keep", keep);
-    EXPECT_EQ(keep, 42);
+    EXPECT_EQ(ValueOf(root, L"Keep", 0), 42);
 }
 
 } // namespace

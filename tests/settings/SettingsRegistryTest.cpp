@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "NineValues.h"
+#include "SettingsValues.h"
 #include "settings/OrvSettingsKey.h"
 #include "support/TempRegistry.h"
 
@@ -102,11 +102,8 @@ TEST_F(SettingsRegistryTest, LongDoubleKeepsSixDecimals) {
     ASSERT_EQ(key.SaveValuesToRegistry(), 1);
     EXPECT_EQ(ReadRaw(HKEY_CURRENT_USER, path(), L"Small").bytes, WideBytes(L"0.000000"));
     EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
-    long double small = -1, digits = -1;
-    key.GetValue(L"Small", small);
-    key.GetValue(L"Digits", digits);
-    EXPECT_EQ(small, 0.0L);
-    EXPECT_EQ(static_cast<double>(digits), 1.234568);
+    EXPECT_EQ(ValueOf(key, L"Small", -1.0L), 0.0L);
+    EXPECT_EQ(static_cast<double>(ValueOf(key, L"Digits", -1.0L)), 1.234568);
 }
 
 TEST_F(SettingsRegistryTest, OnlyTheLow32BitsOfATimeSurvive) {
@@ -117,12 +114,9 @@ TEST_F(SettingsRegistryTest, OnlyTheLow32BitsOfATimeSurvive) {
     EXPECT_EQ(ReadRaw(HKEY_CURRENT_USER, path(), L"Past32").bytes, WideBytes(L"5"));
     EXPECT_EQ(ReadRaw(HKEY_CURRENT_USER, path(), L"Past31").bytes, WideBytes(L"-2147483647"));
     EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
-    CTime past32, past31;
-    key.GetValue(L"Past32", past32);
-    key.GetValue(L"Past31", past31);
-    EXPECT_EQ(past32.GetTime(), 5);
+    EXPECT_EQ(ValueOf<CTime>(key, L"Past32").GetTime(), 5);
     // The low half is written into a zeroed 64-bit number: it comes back unsigned.
-    EXPECT_EQ(past31.GetTime(), 0x80000001LL);
+    EXPECT_EQ(ValueOf<CTime>(key, L"Past31").GetTime(), 0x80000001LL);
 }
 
 TEST_F(SettingsRegistryTest, EmptyKeyRestoresAndSavesWithSuccess) {
@@ -148,13 +142,9 @@ TEST_F(SettingsRegistryTest, MissingKeyKeepsTheDefaultAndFailsTheWholeRestore) {
     root.AddValue(L"B", 2);
 
     EXPECT_EQ(root.RestoreValuesFromRegistry(), 0);
-    int a = 0, b = 0, c = 0;
-    root.GetValue(L"A", a);
-    root.GetValue(L"B", b);
-    root.GetValue(L"C", c);
-    EXPECT_EQ(a, 11); // read although the restore as a whole failed
-    EXPECT_EQ(b, 12);
-    EXPECT_EQ(c, 3);
+    EXPECT_EQ(ValueOf(root, L"A", 0), 11); // read although the restore as a whole failed
+    EXPECT_EQ(ValueOf(root, L"B", 0), 12);
+    EXPECT_EQ(ValueOf(root, L"C", 0), 3);
 
     // The usual pattern: a failed restore is followed by a save, which writes the defaults.
     EXPECT_EQ(root.SaveValuesToRegistry(), 1);
@@ -169,71 +159,47 @@ TEST_F(SettingsRegistryTest, MissingValueInAnExistingKeyFailsAndKeepsItsDefault)
     key.AddValue(L"Absent", 1.25);
     key.AddValue(L"Present", 0);
     EXPECT_EQ(key.RestoreValuesFromRegistry(), 0);
-    double absent = 0;
-    int present = 0;
-    key.GetValue(L"Absent", absent);
-    key.GetValue(L"Present", present);
-    EXPECT_EQ(absent, 1.25);
-    EXPECT_EQ(present, 9);
+    EXPECT_EQ(ValueOf(key, L"Absent", 0.0), 1.25);
+    EXPECT_EQ(ValueOf(key, L"Present", 0), 9);
 }
 
-TEST_F(SettingsRegistryTest, PointTextWithOneNumberSetsOnlyX) {
+// A point's text with one number sets only x, a rectangle's with two numbers left and top; text
+// without its terminator is read whole.
+TEST_F(SettingsRegistryTest, ShortAndUnterminatedTextIsReadAsFarAsItGoes) {
     PlantText(L"P", L"12 a");
-    OrvSettingsKey key(L"K", path());
-    key.AddValue(L"P", CPoint(3, 4));
-    EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
-    CPoint p;
-    key.GetValue(L"P", p);
-    EXPECT_EQ(p, CPoint(12, 4));
-}
-
-TEST_F(SettingsRegistryTest, RectTextWithTwoNumbersSetsLeftAndTop) {
     PlantText(L"R", L"5 6");
-    OrvSettingsKey key(L"K", path());
-    key.AddValue(L"R", CRect(1, 2, 3, 4));
-    EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
-    CRect r;
-    key.GetValue(L"R", r);
-    EXPECT_TRUE(r == CRect(5, 6, 3, 4));
-}
-
-TEST_F(SettingsRegistryTest, TextWithoutTerminatorIsReadWhole) {
     PlantText(L"S", L"abc", false);
     OrvSettingsKey key(L"K", path());
+    key.AddValue(L"P", CPoint(3, 4));
+    key.AddValue(L"R", CRect(1, 2, 3, 4));
     key.AddValue(L"S", CString(L"default"));
     EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
-    CString s;
-    key.GetValue(L"S", s);
-    EXPECT_EQ(s, L"abc");
+    EXPECT_EQ(ValueOf<CPoint>(key, L"P"), CPoint(12, 4));
+    EXPECT_TRUE(ValueOf<CRect>(key, L"R") == CRect(5, 6, 3, 4));
+    EXPECT_EQ(ValueOf<CString>(key, L"S"), L"abc");
 }
 
-TEST_F(SettingsRegistryTest, IntArrayFindingADwordKeepsItsArray) {
-    ASSERT_EQ(WriteRaw(HKEY_CURRENT_USER, path(), L"A", REG_DWORD, Le32(77).data(), 4),
+// An int array that finds a DWORD keeps its array; of a binary value it takes whole elements.
+TEST_F(SettingsRegistryTest, IntArraysReadOnlyWholeElementsOfBinaryValues) {
+    ASSERT_EQ(WriteRaw(HKEY_CURRENT_USER, path(), L"Dword", REG_DWORD, Le32(77).data(), 4),
               ERROR_SUCCESS);
+    const BYTE six[] = {1, 0, 0, 0, 2, 0};
+    ASSERT_EQ(WriteRaw(HKEY_CURRENT_USER, path(), L"Six", REG_BINARY, six, 6), ERROR_SUCCESS);
     OrvSettingsKey key(L"K", path());
-    CArray<int, int> pair;
+    CArray<int, int> pair, nines;
     pair.Add(1);
     pair.Add(2);
-    key.AddValue(L"A", pair);
+    for (int k = 0; k < 3; ++k)
+        nines.Add(9);
+    key.AddValue(L"Dword", pair);
+    key.AddValue(L"Six", nines);
     EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
     CArray<int, int> a;
-    key.GetValue(L"A", a);
+    key.GetValue(L"Dword", a);
     ASSERT_EQ(a.GetSize(), 2);
     EXPECT_EQ(a[0], 1);
     EXPECT_EQ(a[1], 2);
-}
-
-TEST_F(SettingsRegistryTest, IntArrayTakesWholeElementsOfABinaryValue) {
-    const BYTE six[] = {1, 0, 0, 0, 2, 0};
-    ASSERT_EQ(WriteRaw(HKEY_CURRENT_USER, path(), L"A", REG_BINARY, six, 6), ERROR_SUCCESS);
-    OrvSettingsKey key(L"K", path());
-    CArray<int, int> nines;
-    for (int k = 0; k < 3; ++k)
-        nines.Add(9);
-    key.AddValue(L"A", nines);
-    EXPECT_EQ(key.RestoreValuesFromRegistry(), 1);
-    CArray<int, int> a;
-    key.GetValue(L"A", a);
+    key.GetValue(L"Six", a);
     ASSERT_EQ(a.GetSize(), 1);
     EXPECT_EQ(a[0], 1);
 }

@@ -1,4 +1,5 @@
-// One value of each of the nine value classes, put into a key and checked in it.
+// A value read from a key in one expression, and one value of each of the nine value classes,
+// put into a key and checked in it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,6 +7,12 @@
 #include <vector>
 
 #include "settings/OrvSettingsKey.h"
+
+// The value `name` as the key's GetValue hands it out into a variable holding `start`.
+template <class T> T ValueOf(OrvSettingsKey& key, const wchar_t* name, T start = T()) {
+    key.GetValue(name, start);
+    return start;
+}
 
 struct NineValues {
     int i;
