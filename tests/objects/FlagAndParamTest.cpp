@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "ActiveDocumentTest.h"
 #include "addin/NodeDocument.h"
 #include "geometry/FRConstants.h"
 #include "objects/CFlaggedError.h"
@@ -14,13 +15,7 @@
 
 namespace {
 
-class FlaggedErrorTest : public ::testing::Test {
-protected:
-    void SetUp() override { NodeDocument::Activate(&m_host); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-    void SetStorageVersion(float version) { m_host.m_StorageUnits = version; }
-    NodeDocument m_host;
-};
+using FlaggedErrorTest = ActiveDocumentTest;
 
 TEST_F(FlaggedErrorTest, ConstructionCloneAndReset) {
     CFlaggedError made;

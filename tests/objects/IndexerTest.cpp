@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "ActiveDocumentTest.h"
 #include "addin/NodeDocument.h"
 #include "objects/OrvObjectIndexer.h"
 #include "support/ArchiveBytes.h"
@@ -12,16 +13,13 @@
 
 namespace {
 
-class IndexerTest : public ::testing::Test {
+class IndexerTest : public ActiveDocumentTest {
 protected:
-    void SetUp() override { NodeDocument::Activate(&m_document); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
     OrvObjectIndexerHelper& Helper() { return *m_document.m_pIndexer; }
     OrvObjectIndexer* Register(int index) {
         POSITION pos = Helper().GetIndexers().FindIndex(index);
         return pos ? static_cast<OrvObjectIndexer*>(Helper().GetIndexers().GetAt(pos)) : nullptr;
     }
-    NodeDocument m_document;
 };
 
 TEST_F(IndexerTest, NumbersByClassAndKeepsNumbersAfterRelease) {

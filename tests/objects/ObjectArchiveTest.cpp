@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "ActiveDocumentTest.h"
 #include "addin/NodeDocument.h"
 #include "objects/OrvSerializeStatus.h"
 #include "support/ArchiveBytes.h"
@@ -12,11 +13,8 @@
 
 namespace {
 
-class NodeArchive : public ::testing::Test {
+class NodeArchive : public ActiveDocumentTest {
 protected:
-    void SetUp() override { NodeDocument::Activate(&m_host); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-
     // Loads `count` objects written one after the other at the top of the archive.
     std::vector<OrvObject*> Load(const ArchiveBytes& bytes, int count, std::size_t* left) {
         std::vector<OrvObject*> loaded;
@@ -52,14 +50,13 @@ protected:
         return b.NewClass("OrvObject", schema).ClassRef(1).NewClass("OrvBaseObject", 2);
     }
 
-    NodeDocument m_host;
     std::vector<std::unique_ptr<OrvObject>> m_loaded;
 };
 
 TEST_F(NodeArchive, SchemaEightBytes) {
     OrvObject node;
     node.ChangeName(L"Probe");
-    m_host.m_LastId = 41;
+    m_document.m_LastId = 41;
     node.GetObjectId(); // 42
     node.SetState(OrvObject::LOCKED);
     node.SetNodeStatus(0x0006, 1);

@@ -2,6 +2,7 @@
 // list states, user lists, recycling, merge, copy and the companion.
 #include <gtest/gtest.h>
 
+#include "ActiveDocumentTest.h"
 #include "addin/NodeDocument.h"
 #include "objects/OrvCallbackHelper.h"
 #include "objects/ui_OrvObject.h"
@@ -11,12 +12,7 @@
 
 namespace {
 
-class NodeTest : public ::testing::Test {
-protected:
-    void SetUp() override { NodeDocument::Activate(&m_document); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-    NodeDocument m_document;
-};
+using NodeTest = ActiveDocumentTest;
 
 TEST(NodeWithoutHost, ObjectIdIsAskedAgainUntilIssued) {
     NodeDocument::Activate(nullptr); // the id slot answers 0 without an active document

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "ActiveDocumentTest.h"
 #include "addin/NodeDocument.h"
 #include "core/OrvBaseObject.h"
 #include "objects/OrvObject.h"
@@ -25,13 +26,7 @@ IMPLEMENT_SERIAL(SchemaProbe, OrvBaseObject, 1)
 
 namespace {
 
-class OrvBaseObjectArchive : public ::testing::Test {
-protected:
-    void SetUp() override { NodeDocument::Activate(&m_document); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-    void SetStorageVersion(float version) { m_document.m_StorageUnits = version; }
-    NodeDocument m_document;
-};
+using OrvBaseObjectArchive = ActiveDocumentTest;
 
 TEST_F(OrvBaseObjectArchive, StoringWritesTheClassTag) {
     OrvBaseObject object;
