@@ -67,6 +67,7 @@ protected:
             return true;
         });
         Outcome::m_buttonID = IDYES;
+        m_settings.AddValue(L"Language", CString(L"French"));
     }
     void TearDown() override {
         SetOrvMessageSink(nullptr);
@@ -76,6 +77,7 @@ protected:
     }
 
     std::vector<OrvMessageBoxRequest> m_boxes;
+    OrvSettingsKey m_settings{L"Application", L"Software\\Test"}; // the application's language
     int m_answer = IDNO;
     std::unique_ptr<TempRegistryDir> m_registry;
 };
@@ -213,9 +215,7 @@ TEST_F(OutcomeTest, HelpContextUsesTheIndirectBoxWithLabels) {
 }
 
 TEST_F(OutcomeTest, FrenchWidensTheButtonsOncePerRelabelling) {
-    OrvSettingsKey settings(L"Application", L"Software\\Test");
-    settings.AddValue(L"Language", CString(L"French"));
-    g_appSettings = &settings;
+    g_appSettings = &m_settings;
 
     Outcome outcome(1, SEVERITY_WARNING_YESNOCANCEL);
     outcome.SetMessageBoxButtonNewLabels(L"Oui", L"Non", L"Annuler");
@@ -231,14 +231,13 @@ TEST_F(OutcomeTest, FrenchWidensTheButtonsOncePerRelabelling) {
 }
 
 TEST_F(OutcomeTest, OtherLanguagesAndNewOutcomesDoNotWiden) {
-    OrvSettingsKey settings(L"Application", L"Software\\Test");
-    settings.AddValue(L"Language", CString(L"french")); // exact case only
-    g_appSettings = &settings;
+    m_settings.SetValue(L"Language", CString(L"french")); // exact case only
+    g_appSettings = &m_settings;
     Outcome first(1, SEVERITY_WARNING_YESNOCANCEL);
     first.SetMessageBoxButtonNewLabels(L"Oui", L"Non", L"Annuler");
     first.Display(CString(L"lower case"));
 
-    settings.SetValue(L"Language", CString(L"French"));
+    m_settings.SetValue(L"Language", CString(L"French"));
     first.SetMessageBoxButtonNewLabels(L"Oui", L"Non", L"Annuler");
     Outcome second(1); // a new Outcome clears the class-wide widening flag
     first.Display(CString(L"after a new outcome"));
@@ -250,14 +249,9 @@ TEST_F(OutcomeTest, OtherLanguagesAndNewOutcomesDoNotWiden) {
 
 TEST_F(OutcomeTest, DisplayDialogsSwitch) {
     EXPECT_EQ(Outcome::IsDisplayDialog(), 1);
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Halden\\Halden CAM\\2026", 0, nullptr,
-                              0, KEY_WRITE, nullptr, &key, nullptr),
+    ASSERT_EQ(WriteDword(HKEY_CURRENT_USER, L"Software\\Halden\\Halden CAM\\2026",
+                         L"CGMDisplayDialogs", 0),
               ERROR_SUCCESS);
-    const DWORD zero = 0;
-    RegSetValueExW(key, L"CGMDisplayDialogs", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&zero),
-                   sizeof(zero));
-    RegCloseKey(key);
     EXPECT_EQ(Outcome::IsDisplayDialog(), 0);
 }
 
