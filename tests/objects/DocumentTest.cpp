@@ -13,8 +13,6 @@
 
 #include "ActiveDocumentTest.h"
 #include "addin/DemoFolders.h"
-#include "addin/NodeDocument.h"
-#include "support/ArchiveBytes.h"
 #include "support/ArchiveRoundTrip.h"
 #include "support/DumpCapture.h"
 

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "ActiveDocumentTest.h"
-#include "addin/NodeDocument.h"
 #include "geometry/FRConstants.h"
 #include "objects/CFlaggedError.h"
 #include "objects/OrvDocParamHelper.h"

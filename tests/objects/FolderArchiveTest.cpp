@@ -10,7 +10,6 @@
 
 #include "ActiveDocumentTest.h"
 #include "FolderTestTree.h"
-#include "addin/NodeDocument.h"
 #include "mfc/CException.h"
 #include "mfc/CMemFile.h"
 #include "objects/OrvFeaturesFolder.h"

@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "ActiveDocumentTest.h"
-#include "addin/NodeDocument.h"
 #include "objects/OrvObjectIndexer.h"
 #include "support/ArchiveBytes.h"
 #include "support/ArchiveRoundTrip.h"

@@ -5,11 +5,9 @@
 #include <memory>
 
 #include "ActiveDocumentTest.h"
-#include "addin/NodeDocument.h"
 #include "objects/OrvSerializeStatus.h"
 #include "support/ArchiveBytes.h"
 #include "support/ArchiveRoundTrip.h"
-#include "support/DumpCapture.h"
 
 namespace {
 

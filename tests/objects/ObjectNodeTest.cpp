@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "ActiveDocumentTest.h"
-#include "addin/NodeDocument.h"
 #include "objects/OrvCallbackHelper.h"
 #include "objects/ui_OrvObject.h"
-#include "support/ArchiveBytes.h"
-#include "support/ArchiveRoundTrip.h"
 #include "support/DumpCapture.h"
 
 namespace {

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "ActiveDocumentTest.h"
-#include "addin/NodeDocument.h"
 #include "core/OrvBaseObject.h"
 #include "objects/OrvObject.h"
 #include "support/ArchiveBytes.h"
