@@ -67,6 +67,7 @@ protected:
             return true;
         });
         Outcome::m_buttonID = IDYES;
+        m_settings.AddValue(L"Language", CString(L"French"));
     }
     void TearDown() override {
         SetOrvMessageSink(nullptr);
@@ -76,6 +77,7 @@ protected:
     }
 
     std::vector<OrvMessageBoxRequest> m_boxes;
+    OrvSettingsKey m_settings{L"Application", L"Software\\Test"}; // the application's language
     int m_answer = IDNO;
     std::unique_ptr<TempRegistryDir> m_registry;
 };
@@ -111,13 +113,11 @@ TEST_F(OutcomeTest, SeverityTableGivesStyleAndDefaultCaption) {
     }
 }
 
-TEST_F(OutcomeTest, ExplicitCaptionIdWins) {
+TEST_F(OutcomeTest, ExplicitCaptionIdWinsAndUnknownSeverityShowsNothing) {
     Outcome(1, SEVERITY_WARNING_YESNO, 777).Display(CString(L"x"));
     ASSERT_EQ(m_boxes.size(), 1u);
     EXPECT_EQ(m_boxes[0].caption, CString(L"caption 777"));
-}
-
-TEST_F(OutcomeTest, UnknownSeverityShowsNothing) {
+    m_boxes.clear();
     EXPECT_EQ(static_cast<int>(Outcome(1, static_cast<SeverityIndex>(7)).Display(CString(L"x"))),
               -101);
     EXPECT_TRUE(m_boxes.empty());
@@ -184,27 +184,23 @@ TEST_F(OutcomeTest, ProductSpecificTextIsSubstituted) {
 }
 
 TEST_F(OutcomeTest, FocusOnNoAppliesToOneRelabelledBox) {
+    Outcome plain(1, SEVERITY_WARNING_YESNO);
+    plain.SetMessageBoxButtonFocus(IDNO);
+    plain.Display(CString(L"plain")); // no hook on a plain box: the focus is kept for later
+    EXPECT_EQ(Outcome::m_buttonID, IDNO);
     Outcome outcome(1, SEVERITY_WARNING_YESNO);
     outcome.SetMessageBoxButtonNewLabels(L"Keep", L"Discard");
     outcome.SetMessageBoxButtonFocus(IDNO);
     outcome.Display(CString(L"first"));
     outcome.Display(CString(L"second"));
-    ASSERT_EQ(m_boxes.size(), 2u);
-    EXPECT_TRUE(m_boxes[0].relabelled);
-    EXPECT_EQ(m_boxes[0].yesLabel, CString(L"Keep"));
-    EXPECT_EQ(m_boxes[0].noLabel, CString(L"Discard"));
-    EXPECT_EQ(m_boxes[0].focusButton, IDNO);
-    EXPECT_EQ(m_boxes[1].focusButton, IDYES);
+    ASSERT_EQ(m_boxes.size(), 3u);
+    EXPECT_EQ(m_boxes[0].focusButton, IDYES);
+    EXPECT_TRUE(m_boxes[1].relabelled);
+    EXPECT_EQ(m_boxes[1].yesLabel, CString(L"Keep"));
+    EXPECT_EQ(m_boxes[1].noLabel, CString(L"Discard"));
+    EXPECT_EQ(m_boxes[1].focusButton, IDNO);
+    EXPECT_EQ(m_boxes[2].focusButton, IDYES);
     EXPECT_EQ(Outcome::m_buttonID, IDYES);
-}
-
-TEST_F(OutcomeTest, FocusIsKeptWhileNoBoxIsRelabelled) {
-    Outcome outcome(1, SEVERITY_WARNING_YESNO);
-    outcome.SetMessageBoxButtonFocus(IDNO);
-    outcome.Display(CString(L"plain"));
-    ASSERT_EQ(m_boxes.size(), 1u);
-    EXPECT_EQ(m_boxes[0].focusButton, IDYES); // no hook on a plain box
-    EXPECT_EQ(Outcome::m_buttonID, IDNO);
 }
 
 TEST_F(OutcomeTest, HelpContextUsesTheIndirectBoxWithLabels) {
@@ -219,9 +215,7 @@ TEST_F(OutcomeTest, HelpContextUsesTheIndirectBoxWithLabels) {
 }
 
 TEST_F(OutcomeTest, FrenchWidensTheButtonsOncePerRelabelling) {
-    OrvSettingsKey settings(L"Application", L"Software\\Test");
-    settings.AddValue(L"Language", CString(L"French"));
-    g_appSettings = &settings;
+    g_appSettings = &m_settings;
 
     Outcome outcome(1, SEVERITY_WARNING_YESNOCANCEL);
     outcome.SetMessageBoxButtonNewLabels(L"Oui", L"Non", L"Annuler");
@@ -237,14 +231,13 @@ TEST_F(OutcomeTest, FrenchWidensTheButtonsOncePerRelabelling) {
 }
 
 TEST_F(OutcomeTest, OtherLanguagesAndNewOutcomesDoNotWiden) {
-    OrvSettingsKey settings(L"Application", L"Software\\Test");
-    settings.AddValue(L"Language", CString(L"french")); // exact case only
-    g_appSettings = &settings;
+    m_settings.SetValue(L"Language", CString(L"french")); // exact case only
+    g_appSettings = &m_settings;
     Outcome first(1, SEVERITY_WARNING_YESNOCANCEL);
     first.SetMessageBoxButtonNewLabels(L"Oui", L"Non", L"Annuler");
     first.Display(CString(L"lower case"));
 
-    settings.SetValue(L"Language", CString(L"French"));
+    m_settings.SetValue(L"Language", CString(L"French"));
     first.SetMessageBoxButtonNewLabels(L"Oui", L"Non", L"Annuler");
     Outcome second(1); // a new Outcome clears the class-wide widening flag
     first.Display(CString(L"after a new outcome"));
@@ -256,14 +249,9 @@ TEST_F(OutcomeTest, OtherLanguagesAndNewOutcomesDoNotWiden) {
 
 TEST_F(OutcomeTest, DisplayDialogsSwitch) {
     EXPECT_EQ(Outcome::IsDisplayDialog(), 1);
-    HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Halden\\Halden CAM\\2026", 0, nullptr,
-                              0, KEY_WRITE, nullptr, &key, nullptr),
+    ASSERT_EQ(WriteDword(HKEY_CURRENT_USER, L"Software\\Halden\\Halden CAM\\2026",
+                         L"CGMDisplayDialogs", 0),
               ERROR_SUCCESS);
-    const DWORD zero = 0;
-    RegSetValueExW(key, L"CGMDisplayDialogs", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&zero),
-                   sizeof(zero));
-    RegCloseKey(key);
     EXPECT_EQ(Outcome::IsDisplayDialog(), 0);
 }
 

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "support/EnvironmentTest.h"
 #include "environment/CutbaseConfigFile.h"
 #include "environment/OrvCutbaseConfigInfo.h"
+#include "support/EnvironmentTest.h"
 
 namespace {
 
@@ -18,6 +18,11 @@ protected:
     CString ConfigFolder() const { return CString(m_folder.c_str()); }
     int Read(OrvCutbaseConfigInfo& info, const std::string& defaultFile = "") {
         return ReadCutbaseConfigFile(ConfigFolder(), CString(defaultFile.c_str()), info);
+    }
+    // Writes `text` as the configuration file and reads it.
+    int Read(const std::string& text, OrvCutbaseConfigInfo& info) {
+        WriteFileBytes(m_file, text);
+        return Read(info);
     }
 
     std::string m_folder;
@@ -45,9 +50,8 @@ const char* const kThreeKinds = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
                                 "</configuration>\n";
 
 TEST_F(CutbaseConfigTest, ReadsEachKindIntoItsRecord) {
-    WriteFileBytes(m_file, kThreeKinds);
     OrvCutbaseConfigInfo info;
-    ASSERT_EQ(Read(info), 1);
+    ASSERT_EQ(Read(kThreeKinds, info), 1);
     ASSERT_EQ(info.GetCount(), 3);
 
     const OrvCutbaseConfigData* sqlite = info.GetCutbaseConfigData(0);
@@ -123,9 +127,8 @@ TEST_F(CutbaseConfigTest, OneSettingFileGainsItsDefaultMark) {
                                  "\t\t</setting>\r\n"
                                  "\t</applicationSettings>\r\n"
                                  "</configuration>\r\n";
-    WriteFileBytes(m_file, original);
     OrvCutbaseConfigInfo info;
-    ASSERT_EQ(Read(info), 1);
+    ASSERT_EQ(Read(original, info), 1);
     ASSERT_EQ(info.GetCount(), 1);
     EXPECT_EQ(info.GetCutbaseConfigData(0)->m_ActiveFlag, 1);
     EXPECT_EQ(info.GetCutbaseConfigData(0)->m_FilePath, CString(L"/srv/cam/Cutbase.keldb"));
@@ -135,9 +138,8 @@ TEST_F(CutbaseConfigTest, OneSettingFileGainsItsDefaultMark) {
 }
 
 TEST_F(CutbaseConfigTest, WriterChangesOnlyTheDefaultAttributes) {
-    WriteFileBytes(m_file, kThreeKinds);
     OrvCutbaseConfigInfo info;
-    ASSERT_EQ(Read(info), 1);
+    ASSERT_EQ(Read(kThreeKinds, info), 1);
     std::unique_ptr<OrvCutbaseConfigInfo> edited(info.Clone());
     edited->GetCutbaseConfigData(1)->m_ActiveFlag = 0;
     edited->GetCutbaseConfigData(2)->m_ActiveFlag = 1;
@@ -154,9 +156,8 @@ TEST_F(CutbaseConfigTest, WriterChangesOnlyTheDefaultAttributes) {
 }
 
 TEST_F(CutbaseConfigTest, WriterRefusesAFileThatDoesNotMatch) {
-    WriteFileBytes(m_file, kThreeKinds);
     OrvCutbaseConfigInfo info;
-    ASSERT_EQ(Read(info), 1);
+    ASSERT_EQ(Read(kThreeKinds, info), 1);
 
     // A list of two against a file of three children: three were needed.
     OrvCutbaseConfigInfo two;
@@ -183,9 +184,8 @@ TEST_F(CutbaseConfigTest, WriterRefusesAFileThatDoesNotMatch) {
 
 TEST_F(CutbaseConfigTest, MalformedFileReadsNothingAndStaysAsItWas) {
     const std::string broken = "<configuration><applicationSettings><setting databaseType=";
-    WriteFileBytes(m_file, broken);
     OrvCutbaseConfigInfo info;
-    EXPECT_EQ(Read(info), 0);
+    EXPECT_EQ(Read(broken, info), 0);
     EXPECT_EQ(info.GetCount(), 0);
     EXPECT_EQ(ReadFileBytes(m_file), broken);
     EXPECT_EQ(WriteCutbaseConfigFile(CString(m_file.c_str()), info), 0);

@@ -4,10 +4,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "support/EnvironmentTest.h"
 #include "environment/CutbaseAccessSetup.h"
 #include "environment/CutbaseDatabase.h"
 #include "port/ProcessQueries.h"
+#include "support/EnvironmentTest.h"
 
 namespace {
 
@@ -90,6 +90,14 @@ protected:
         sqlite3_close(db);
         return path;
     }
+    // The front end at `file`, opened.
+    static std::unique_ptr<CutbaseDatabase> Opened(const std::string& file) {
+        auto database = CreateSQLiteCutbaseDatabase();
+        CString error;
+        EXPECT_TRUE(database->Open(CString(file.c_str()), error)) << CStringA(error).GetString();
+        return database;
+    }
+    CString m_error;
 };
 
 TEST_F(CutbaseDatabaseTest, ReadsAndWritesTheFirstRecordsPath) {
@@ -97,29 +105,20 @@ TEST_F(CutbaseDatabaseTest, ReadsAndWritesTheFirstRecordsPath) {
         MakeFrontEnd("CREATE TABLE CutbaseFormsPathTable(path TEXT);"
                      "INSERT INTO CutbaseFormsPathTable VALUES('/srv/Cutbase.mdb');"
                      "INSERT INTO CutbaseFormsPathTable VALUES('/second/Cutbase.mdb');");
-    auto database = CreateSQLiteCutbaseDatabase();
-    CString error;
-    ASSERT_TRUE(database->Open(CString(file.c_str()), error));
     CString path = L"before";
-    ASSERT_TRUE(database->ExchangeFormsPath(path, false, error));
+    ASSERT_TRUE(Opened(file)->ExchangeFormsPath(path, false, m_error));
     EXPECT_EQ(path, CString(L"/srv/Cutbase.mdb"));
-
     path = L"/new/Cutbase.mdb";
-    ASSERT_TRUE(database->ExchangeFormsPath(path, true, error));
-    auto again = CreateSQLiteCutbaseDatabase();
-    ASSERT_TRUE(again->Open(CString(file.c_str()), error));
+    ASSERT_TRUE(Opened(file)->ExchangeFormsPath(path, true, m_error));
     CString reread;
-    ASSERT_TRUE(again->ExchangeFormsPath(reread, false, error));
+    ASSERT_TRUE(Opened(file)->ExchangeFormsPath(reread, false, m_error));
     EXPECT_EQ(reread, CString(L"/new/Cutbase.mdb"));
 }
 
 TEST_F(CutbaseDatabaseTest, EmptyTableLeavesThePathAlone) {
     const std::string file = MakeFrontEnd("CREATE TABLE CutbaseFormsPathTable(path TEXT);");
-    auto database = CreateSQLiteCutbaseDatabase();
-    CString error;
-    ASSERT_TRUE(database->Open(CString(file.c_str()), error));
     CString path = L"kept";
-    EXPECT_TRUE(database->ExchangeFormsPath(path, false, error));
+    EXPECT_TRUE(Opened(file)->ExchangeFormsPath(path, false, m_error));
     EXPECT_EQ(path, CString(L"kept"));
 }
 
@@ -140,10 +139,8 @@ TEST_F(CutbaseDatabaseTest, ErrorsAreReportedNotThrown) {
     EXPECT_FALSE(error.IsEmpty());
     EXPECT_EQ(path, CString(L"kept"));
 
-    const std::string noTable = MakeFrontEnd("CREATE TABLE Other(x);");
-    auto third = CreateSQLiteCutbaseDatabase();
-    ASSERT_TRUE(third->Open(CString(noTable.c_str()), error));
-    EXPECT_FALSE(third->ExchangeFormsPath(path, true, error));
+    EXPECT_FALSE(
+        Opened(MakeFrontEnd("CREATE TABLE Other(x);"))->ExchangeFormsPath(path, true, error));
 }
 
 TEST_F(CutbaseDatabaseTest, TerminatingARunningProcess) {

@@ -36,10 +36,6 @@ public:
     }
 };
 
-unsigned long long AddressOf(const void* p) {
-    return static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(p));
-}
-
 TEST(DocAccessorsWithoutDocument, AnswerZeroOrEmpty) {
     RegisterNoDocument();
     EXPECT_EQ(IsDocumentModified(), 0);
@@ -74,23 +70,19 @@ protected:
 };
 
 TEST_F(DocAccessors, StorageUnitsOfZeroCountAsVersion40) {
-    EXPECT_EQ(GetActiveDocReadStorageUnits(), 40.0f);
-    ASSERT_EQ(doc().m_Messages.size(), 1u);
+    for (const auto& [stored, read] : {std::pair{0.0f, 40.0f},
+                                       {5e-7f, 40.0f},
+                                       {-5e-7f, 40.0f},
+                                       {2e-6f, 2e-6f},
+                                       {6.1f, 6.1f}}) { // RESABS of zero: 40
+        doc().m_StorageUnits = stored;
+        EXPECT_EQ(GetActiveDocReadStorageUnits(), read) << stored;
+    }
+    ASSERT_EQ(doc().m_Messages.size(), 5u);
     EXPECT_EQ(doc().m_Messages[0].id, 201);
     EXPECT_EQ(doc().m_Messages[0].extra, 0);
-    doc().m_StorageUnits = 5e-7f; // within RESABS of zero
-    EXPECT_EQ(GetActiveDocReadStorageUnits(), 40.0f);
-    doc().m_StorageUnits = -5e-7f;
-    EXPECT_EQ(GetActiveDocReadStorageUnits(), 40.0f);
-    doc().m_StorageUnits = 2e-6f;
-    EXPECT_EQ(GetActiveDocReadStorageUnits(), 2e-6f);
-    doc().m_StorageUnits = 6.1f;
-    EXPECT_EQ(GetActiveDocReadStorageUnits(), 6.1f);
-}
-
-TEST_F(DocAccessors, SetStorageUnitsSendsTheValue) {
     SetActiveDocReadStorageUnits(32.5f);
-    EXPECT_EQ(doc().m_Messages.at(0).id, 202);
+    EXPECT_EQ(doc().m_Messages.at(5).id, 202);
     EXPECT_EQ(doc().m_StorageUnits, 32.5f);
 }
 
@@ -107,29 +99,19 @@ TEST_F(DocAccessors, EachQuerySendsItsMessage) {
     EXPECT_EQ(IsToolTreeActive(), 0);
     EXPECT_EQ(GetDocServicePack(), L"");
     EXPECT_EQ(IsDocumentUnitsMetric(), 0); // unit code 3
-    std::vector<int> ids;
-    for (const auto& message : doc().m_Messages)
-        ids.push_back(message.id);
-    EXPECT_EQ(ids, (std::vector<int>{204, 206, 227, 205, 269, 270, 271, 290, 206}));
-}
-
-TEST_F(DocAccessors, FlagMessagesPassTheCallersVariable) {
+    // The flag messages pass the caller's variable, the selection message the pointer itself.
     int flag = 1;
     EXPECT_EQ(GetShowExceptionMsgFlag(flag), 0);
     EXPECT_EQ(SetShowExceptionMsgFlag(flag), 0);
-    ASSERT_EQ(doc().m_Messages.size(), 2u);
-    EXPECT_EQ(doc().m_Messages[0].id, 275);
-    EXPECT_EQ(doc().m_Messages[0].param, AddressOf(&flag));
-    EXPECT_EQ(doc().m_Messages[1].id, 276);
-    EXPECT_EQ(doc().m_Messages[1].param, AddressOf(&flag));
-}
-
-TEST_F(DocAccessors, RemoveNodePassesThePointerItself) {
-    auto* node = reinterpret_cast<ui_OrvObject*>(0x1234);
-    RemoveNodeFromSelection(node);
-    ASSERT_EQ(doc().m_Messages.size(), 1u);
-    EXPECT_EQ(doc().m_Messages[0].id, 284);
-    EXPECT_EQ(doc().m_Messages[0].param, 0x1234u);
+    RemoveNodeFromSelection(reinterpret_cast<ui_OrvObject*>(0x1234));
+    std::vector<int> ids;
+    for (const auto& message : doc().m_Messages)
+        ids.push_back(message.id);
+    EXPECT_EQ(ids, (std::vector<int>{204, 206, 227, 205, 269, 270, 271, 290, 206, 275, 276, 284}));
+    const auto address = static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(&flag));
+    EXPECT_EQ(doc().m_Messages[9].param, address);
+    EXPECT_EQ(doc().m_Messages[10].param, address);
+    EXPECT_EQ(doc().m_Messages[11].param, 0x1234u);
 }
 
 TEST_F(DocAccessors, ModifiedFlagGoesToTheGivenDocumentFirst) {

@@ -37,21 +37,13 @@ TEST(ProductStrings, FieldsComeFromTheRecord) {
     g_info = {L"Mill Pro", L"2026", L"HD", L"Cad", L"12", L"3"};
     RegisterProduct(true);
     EXPECT_EQ(GetProductInfo(), &g_info);
-    EXPECT_EQ(GetProductName(), L"Mill Pro");
-    EXPECT_EQ(GetProductVersion(), L"2026");
-    EXPECT_EQ(GetCADName(), L"Cad");
-    EXPECT_EQ(GetCADVersion(), L"12");
     EXPECT_EQ(GetCADMinorVersion(), L"3");
     EXPECT_EQ(GetProductAndVersionString(), L"Mill Pro 2026");
-    EXPECT_EQ(GetKelVersionLong(), 2026);
-}
-
-TEST(ProductStrings, VersionNumberReadsLeadingDigitsOnly) {
-    RegisterProduct(true);
-    g_info.m_ProductVersion = L"12.5b";
-    EXPECT_EQ(GetKelVersionLong(), 12);
-    g_info.m_ProductVersion = L"v12";
-    EXPECT_EQ(GetKelVersionLong(), 0);
+    // The version number reads the leading digits only.
+    for (const auto& [version, number] : {std::pair{L"2026", 2026}, {L"12.5b", 12}, {L"v12", 0}}) {
+        g_info.m_ProductVersion = version;
+        EXPECT_EQ(GetKelVersionLong(), number) << CStringA(version).GetString();
+    }
 }
 
 TEST(ProductStrings, SubstitutionReplacesInOrderAndMatchesCase) {
@@ -72,56 +64,35 @@ TEST(HaldenRevision, StartsUnknownAndValid) {
     GTEST_FLAG_SET(death_test_style, "fast");
 }
 
-TEST(HaldenRevision, MajorAndMinorOf33Point2) {
-    SetHaldenDateCode(2024123, L"33.2");
-    EXPECT_EQ(GetHaldenDateCode(), 2024123);
-    EXPECT_EQ(GetHaldenRevisionNumber(), L"33.2");
-    long major = -1;
-    EXPECT_EQ(GetHaldenRevisionNumber(major), 1);
-    EXPECT_EQ(major, 33);
-    CString minor;
-    EXPECT_EQ(GetHaldenMinorRevisionNumber(minor), 1);
-    EXPECT_EQ(minor, L"3.2"); // the rightmost 2 + 1 characters
-    EXPECT_EQ(IsValidHDVersion(), 1);
-}
-
-TEST(HaldenRevision, MinorIsTheRightmostIndexPlusOneCharacters) {
-    SetHaldenDateCode(1, L"2024.10.5");
-    CString minor;
-    EXPECT_EQ(GetHaldenMinorRevisionNumber(minor), 1);
-    EXPECT_EQ(minor, L".10.5"); // first "." at index 4: the last five characters, not "10.5"
-    long major = 0;
-    GetHaldenRevisionNumber(major);
-    EXPECT_EQ(major, 2024);
-    EXPECT_EQ(IsValidHDVersion(), 0);
-}
-
-TEST(HaldenRevision, WithoutAPointNothingIsKnown) {
-    SetHaldenDateCode(1, L"35");
-    long major = 99;
-    EXPECT_EQ(GetHaldenRevisionNumber(major), 0);
-    EXPECT_EQ(major, 0);
-    CString minor = L"kept";
-    EXPECT_EQ(GetHaldenMinorRevisionNumber(minor), 0);
-    EXPECT_EQ(minor, L"kept");
-    EXPECT_EQ(IsValidHDVersion(), 1);
-
-    SetHaldenDateCode(1, L"");
-    EXPECT_EQ(GetHaldenRevisionNumber(major), 0);
-    EXPECT_EQ(GetHaldenMinorRevisionNumber(minor), 0);
-    EXPECT_EQ(IsValidHDVersion(), 1);
-}
-
-TEST(HaldenRevision, ValidUpTo34) {
-    SetHaldenDateCode(1, L"35.0");
-    EXPECT_EQ(IsValidHDVersion(), 0);
-    SetHaldenDateCode(1, L"34.9");
-    EXPECT_EQ(IsValidHDVersion(), 1);
-    SetHaldenDateCode(1, L".5"); // empty major text converts to 0
-    long major = -1;
-    EXPECT_EQ(GetHaldenRevisionNumber(major), 1);
-    EXPECT_EQ(major, 0);
-    EXPECT_EQ(IsValidHDVersion(), 1);
+TEST(HaldenRevision, MajorMinorAndValidity) {
+    // The minor part is the rightmost index-of-"." + 1 characters; no "." means nothing is known
+    // (major 0, minor left alone); an empty major text converts to 0; valid up to 34.
+    struct Row {
+        const wchar_t* revision;
+        int known;
+        long major;
+        const wchar_t* minor;
+        int valid;
+    };
+    const Row rows[] = {
+        {L"33.2", 1, 33, L"3.2", 1}, {L"2024.10.5", 1, 2024, L".10.5", 0},
+        {L"35", 0, 0, L"kept", 1},   {L"", 0, 0, L"kept", 1},
+        {L"35.0", 1, 35, L"5.0", 0}, {L"34.9", 1, 34, L"4.9", 1},
+        {L".5", 1, 0, L"5", 1},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(CStringA(row.revision).GetString());
+        SetHaldenDateCode(2024123, row.revision);
+        EXPECT_EQ(GetHaldenDateCode(), 2024123);
+        EXPECT_EQ(GetHaldenRevisionNumber(), row.revision);
+        long major = 99;
+        EXPECT_EQ(GetHaldenRevisionNumber(major), row.known);
+        EXPECT_EQ(major, row.major);
+        CString minor = L"kept";
+        EXPECT_EQ(GetHaldenMinorRevisionNumber(minor), row.known);
+        EXPECT_EQ(minor, row.minor);
+        EXPECT_EQ(IsValidHDVersion(), row.valid);
+    }
 }
 
 } // namespace

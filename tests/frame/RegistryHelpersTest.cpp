@@ -5,10 +5,10 @@
 
 #include <fstream>
 
-#include "support/EnvironmentTest.h"
 #include "frame/FeatureSwitches.h"
 #include "frame/RegistryHelpers.h"
 #include "port/ProcessQueries.h"
+#include "support/EnvironmentTest.h"
 
 namespace {
 
@@ -89,23 +89,19 @@ TEST_F(RegistryHelpersTest, DebugHelpersTakeTheStoredValueOnlyWhenItRestores) {
 }
 
 TEST_F(RegistryHelpersTest, SwitchDefaultsWhenNothingIsStored) {
-    EXPECT_EQ(GetIsWIPImprovementEnabled(), 1);
-    EXPECT_EQ(GetIsWIPInvalidateOnTPDeleteEnabled(), 1);
-    EXPECT_EQ(GetIs3AxisFeatImprovementEnabled(), 1);
-    EXPECT_EQ(GetIsDynamicWIPDisplayEnabled(), 0);
-    EXPECT_EQ(GetIsPrimeTurningForFaceFinishRegSupport(), 0);
-    EXPECT_EQ(GetIsPrimeTurningSupportsAllStrategies(), 0);
-    EXPECT_EQ(GetIsPrimeTurningSupportsRetractDistance(), 0);
-    EXPECT_EQ(GetIsToolBlockEnabled(), 1);
-    EXPECT_EQ(GetIsVoluTurningSupportsAllStrategies(), 0);
-    EXPECT_EQ(GetCommandTrackingLinesInLogFile(), 0);
-    EXPECT_EQ(GetIsFolderSupportEnabled(), 1);
-    EXPECT_EQ(IsSegMgrRegEnabled(), 1);
-    EXPECT_EQ(orv_getIsAvoidChuckClippingEnabled(), 1);
-    EXPECT_EQ(orv_getIsToolOffsetSupport(), 1);
-    EXPECT_EQ(orv_getIsLogToolStationsListEnabled(), 0);
-    EXPECT_EQ(orv_getIsCRF1363ShareRegistryEnabled(), 1);
-    EXPECT_EQ(orv_getIsWorkAreaSpindleEnabled(), 0);
+    int row = 0; // a failure names the position in the list
+    for (int (*on)() :
+         {GetIsWIPImprovementEnabled, GetIsWIPInvalidateOnTPDeleteEnabled,
+          GetIs3AxisFeatImprovementEnabled, GetIsToolBlockEnabled, GetIsFolderSupportEnabled,
+          IsSegMgrRegEnabled, orv_getIsAvoidChuckClippingEnabled, orv_getIsToolOffsetSupport,
+          orv_getIsCRF1363ShareRegistryEnabled})
+        EXPECT_EQ(on(), 1) << "switch " << row++;
+    for (int (*off)() :
+         {GetIsDynamicWIPDisplayEnabled, GetIsPrimeTurningForFaceFinishRegSupport,
+          GetIsPrimeTurningSupportsAllStrategies, GetIsPrimeTurningSupportsRetractDistance,
+          GetIsVoluTurningSupportsAllStrategies, GetCommandTrackingLinesInLogFile,
+          orv_getIsLogToolStationsListEnabled, orv_getIsWorkAreaSpindleEnabled})
+        EXPECT_EQ(off(), 0) << "switch " << row++;
     int exists = 9, value = 9;
     GetLegacyTurnDataRegistryData(exists, value);
     EXPECT_EQ(exists, 0);
@@ -136,21 +132,16 @@ TEST_F(RegistryHelpersTest, FirstRunWritersWriteOnceAndKeepExistingValues) {
     EXPECT_EQ(SetDefaultTurnVariableBAxisSupport(), 0);
     EXPECT_EQ(ReadDword(HKEY_CURRENT_USER, kDebugKey, L"BAxisContinuousSupport"), 2);
 
-    EXPECT_EQ(SetShowCustomChuckOptionsDisplayRegistry(), 1);
-    EXPECT_EQ(SetDefaultCalMaxFitCirInThread(), 1);
-    EXPECT_EQ(SetTurnBAxisConTlpKeepArcMove(), 1);
-    EXPECT_EQ(SetTurnBAxisConLLForArcFacet(), 1);
-    EXPECT_EQ(SetBAxisFaceFinishOperSupport(), 1);
-    EXPECT_EQ(SetSpindleDirForTurnMillTurnSupport(), 1);
-    EXPECT_EQ(SetToolpathShowHideSupportKeyValue(), 1);
-    EXPECT_EQ(SetTlpColorSupportKeyValue(), 1);
-    EXPECT_EQ(SetTlpHiddenMoveColorSupportKeyValue(), 1);
-    EXPECT_EQ(SetCRF1478StepThruSupportKeyValue(), 1);
-    EXPECT_EQ(SetCRF1478TurnSupportKeyValue(), 1);
-    EXPECT_EQ(SetCRF1478For2axSupportKeyValue(), 1);
-    EXPECT_EQ(SetWIPArcRegistrySupportKeyValue(), 1);
-    EXPECT_EQ(SetPostPerformanceImprovements(), 1);
-
+    int row = 0;
+    for (int (*writer)() :
+         {SetShowCustomChuckOptionsDisplayRegistry, SetDefaultCalMaxFitCirInThread,
+          SetTurnBAxisConTlpKeepArcMove, SetTurnBAxisConLLForArcFacet,
+          SetBAxisFaceFinishOperSupport, SetSpindleDirForTurnMillTurnSupport,
+          SetToolpathShowHideSupportKeyValue, SetTlpColorSupportKeyValue,
+          SetTlpHiddenMoveColorSupportKeyValue, SetCRF1478StepThruSupportKeyValue,
+          SetCRF1478TurnSupportKeyValue, SetCRF1478For2axSupportKeyValue,
+          SetWIPArcRegistrySupportKeyValue, SetPostPerformanceImprovements})
+        EXPECT_EQ(writer(), 1) << "writer " << row++;
     EXPECT_EQ(ReadDword(HKEY_CURRENT_USER, kDebugKey, L"ShowCustomChuckOptions"), 1);
     EXPECT_EQ(ReadDword(HKEY_CURRENT_USER, kDebugKey, L"CalMaxFitCirInThreads"), 0);
     EXPECT_EQ(ReadDword(HKEY_CURRENT_USER, kDebugKey, L"ContinuousBAxisTlpKeepArcMoves"), 0);

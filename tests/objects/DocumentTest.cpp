@@ -11,9 +11,8 @@
 #include <memory>
 #include <set>
 
+#include "ActiveDocumentTest.h"
 #include "addin/DemoFolders.h"
-#include "addin/NodeDocument.h"
-#include "support/ArchiveBytes.h"
 #include "support/ArchiveRoundTrip.h"
 #include "support/DumpCapture.h"
 
@@ -106,26 +105,21 @@ std::map<const CObject*, int> IndexOf(NodeDocument& doc, const std::vector<OrvOb
     return index;
 }
 
-class DocumentTest : public ::testing::Test {
-protected:
-    void SetUp() override { NodeDocument::Activate(&m_doc); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-    NodeDocument m_doc;
-};
+using DocumentTest = ActiveDocumentTest;
 
 TEST_F(DocumentTest, TenThousandNodesComeBack) {
     const int count = 10000;
-    auto nodes = BuildDocument(m_doc, count);
-    m_doc.ChangeName(L"Document");
-    const auto bytes = Store(m_doc);
+    auto nodes = BuildDocument(m_document, count);
+    m_document.ChangeName(L"Document");
+    const auto bytes = Store(m_document);
     auto loaded = Load(bytes);
     ASSERT_TRUE(loaded);
     auto back = Nodes(*loaded);
     ASSERT_EQ(back.size(), nodes.size());
     EXPECT_EQ(loaded->Name(), CString(L"Document"));
-    EXPECT_EQ(loaded->m_LastId, m_doc.m_LastId);
+    EXPECT_EQ(loaded->m_LastId, m_document.m_LastId);
 
-    const auto before = IndexOf(m_doc, nodes);
+    const auto before = IndexOf(m_document, nodes);
     const auto after = IndexOf(*loaded, back);
     int recycledKept = 0, recycledLost = 0;
     for (int i = 0; i < count; ++i) {
@@ -156,7 +150,7 @@ TEST_F(DocumentTest, TenThousandNodesComeBack) {
                 loadedUsers.erase(k);
             }
         EXPECT_EQ(loadedUsers, expectedUsers);
-        EXPECT_EQ(loaded->m_pIndexer->FindIndex(b), m_doc.m_pIndexer->FindIndex(a));
+        EXPECT_EQ(loaded->m_pIndexer->FindIndex(b), m_document.m_pIndexer->FindIndex(a));
         if (a->GetOriginalOwner() && a->GetOriginalOwner() != a->GetOwner()) {
             EXPECT_EQ(Where(after, b->GetOriginalOwner()), Where(before, a->GetOriginalOwner()));
             ++recycledKept;
@@ -177,16 +171,17 @@ TEST_F(DocumentTest, TenThousandNodesComeBack) {
     // The loaded document goes on issuing ids where the stored one stopped.
     NodeDocument::Activate(loaded.get());
     auto* fresh = loaded->Add<DocNode>(L"New", loaded.get());
-    EXPECT_EQ(fresh->GetObjectId(), m_doc.m_LastId + 1);
-    EXPECT_EQ(loaded->m_pIndexer->FindIndex(fresh), m_doc.m_pIndexer->FindIndex(nodes[1]) + 8000);
-    NodeDocument::Activate(&m_doc);
+    EXPECT_EQ(fresh->GetObjectId(), m_document.m_LastId + 1);
+    EXPECT_EQ(loaded->m_pIndexer->FindIndex(fresh),
+              m_document.m_pIndexer->FindIndex(nodes[1]) + 8000);
+    NodeDocument::Activate(&m_document);
 }
 
 // Without nodes recycled where they stand (whose link a load undoes), a loaded document stores
 // the bytes it was loaded from.
 TEST_F(DocumentTest, StoringTwiceGivesTheSameBytes) {
-    BuildDocument(m_doc, 12);
-    const auto first = Store(m_doc);
+    BuildDocument(m_document, 12);
+    const auto first = Store(m_document);
     auto loaded = Load(first);
     ASSERT_TRUE(loaded);
     EXPECT_EQ(Store(*loaded), first);
@@ -205,19 +200,43 @@ int LoadFails(const std::vector<std::uint8_t>& bytes) {
     return -1;
 }
 
-TEST_F(DocumentTest, EveryTruncationIsAnArchiveException) {
-    BuildDocument(m_doc, 40);
-    const auto bytes = Store(m_doc);
+// Cut short anywhere, the document fails with an archive exception.
+void ExpectEveryTruncationFails(const std::vector<std::uint8_t>& bytes) {
     for (std::size_t length = 0; length < bytes.size(); ++length) {
-        std::vector<std::uint8_t> cut(bytes.begin(), bytes.begin() + length);
         SCOPED_TRACE(length);
-        LoadFails(cut);
+        LoadFails(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + length));
     }
 }
 
+// With any one bit flipped, the document loads (a name or a value changed: still a document, which
+// `use` walks) or fails with an archive exception; both happen.
+void ExpectFlippedBitsLoadOrFail(
+    const std::vector<std::uint8_t>& bytes, void (*use)(NodeDocument&) = [](NodeDocument&) {}) {
+    int failures = 0, loads = 0;
+    for (std::size_t at = 0; at < bytes.size(); ++at)
+        for (int bit = 0; bit < 8; ++bit) {
+            auto flipped = bytes;
+            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
+            try {
+                use(*Load(flipped));
+                ++loads;
+            } catch (CArchiveException* e) {
+                e->Delete();
+                ++failures;
+            }
+        }
+    EXPECT_GT(failures, 0);
+    EXPECT_GT(loads, 0);
+}
+
+TEST_F(DocumentTest, EveryTruncationIsAnArchiveException) {
+    BuildDocument(m_document, 40);
+    ExpectEveryTruncationFails(Store(m_document));
+}
+
 TEST_F(DocumentTest, DamagedStructureIsAnArchiveException) {
-    BuildDocument(m_doc, 10);
-    const auto bytes = Store(m_doc);
+    BuildDocument(m_document, 10);
+    const auto bytes = Store(m_document);
     // The document's class name: "NodeDocument" starts after the tag, schema and length.
     auto badName = bytes;
     badName[6] ^= 0x01;
@@ -231,31 +250,16 @@ TEST_F(DocumentTest, DamagedStructureIsAnArchiveException) {
 
 TEST_F(DocumentTest, ANodeListedTwiceIsRefused) {
     // A document whose node list names one node twice: the second entry is a back-reference.
-    BuildDocument(m_doc, 3);
-    m_doc.m_Nodes.AddTail(m_doc.m_Nodes.GetHead());
-    const auto bytes = Store(m_doc);
-    m_doc.m_Nodes.RemoveTail();
+    BuildDocument(m_document, 3);
+    m_document.m_Nodes.AddTail(m_document.m_Nodes.GetHead());
+    const auto bytes = Store(m_document);
+    m_document.m_Nodes.RemoveTail();
     EXPECT_EQ(LoadFails(bytes), CArchiveException::badIndex);
 }
 
 TEST_F(DocumentTest, FlippedBitsLoadOrFailCleanly) {
-    BuildDocument(m_doc, 12);
-    const auto bytes = Store(m_doc);
-    int failures = 0, loads = 0;
-    for (std::size_t at = 0; at < bytes.size(); ++at)
-        for (int bit = 0; bit < 8; ++bit) {
-            auto flipped = bytes;
-            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
-            try {
-                auto loaded = Load(flipped);
-                ++loads; // a name or a value changed: still a document
-            } catch (CArchiveException* e) {
-                e->Delete();
-                ++failures;
-            }
-        }
-    EXPECT_GT(failures, 0);
-    EXPECT_GT(loads, 0);
+    BuildDocument(m_document, 12);
+    ExpectFlippedBitsLoadOrFail(Store(m_document));
 }
 
 } // namespace
@@ -274,13 +278,13 @@ std::vector<std::uint8_t> ChainDocument(NodeDocument& doc, int length) {
 }
 
 TEST_F(DocumentTest, DeepNestingLoadsUpToALimit) {
-    auto loaded = Load(ChainDocument(m_doc, 500));
+    auto loaded = Load(ChainDocument(m_document, 500));
     ASSERT_TRUE(loaded);
     EXPECT_EQ(loaded->m_Nodes.GetCount(), 500);
 }
 
 TEST_F(DocumentTest, NestingBeyondTheLimitIsAnArchiveException) {
-    EXPECT_EQ(LoadFails(ChainDocument(m_doc, 1200)), CArchiveException::genericException);
+    EXPECT_EQ(LoadFails(ChainDocument(m_document, 1200)), CArchiveException::genericException);
 }
 
 } // namespace
@@ -306,8 +310,8 @@ std::string FolderViews(const NodeDocument& doc) {
 }
 
 TEST_F(DocumentTest, TheFolderListComesBackWithItsTree) {
-    BuildFolderDocument(m_doc);
-    auto loaded = Load(Store(m_doc));
+    BuildFolderDocument(m_document);
+    auto loaded = Load(Store(m_document));
     ASSERT_TRUE(loaded);
     EXPECT_EQ(FolderViews(*loaded), "Flat list: 6 objects\n"
                                     "   1 F0\n   2 F1\n   3 F2\n   4 F3\n   5 F4\n   6 F5\n"
@@ -335,44 +339,26 @@ TEST_F(DocumentTest, TheFolderListComesBackWithItsTree) {
     EXPECT_EQ(roughing->GetOwner(), loaded.get());
     EXPECT_EQ(back[3]->GetOwner(), loaded.get());
     // A loaded document stores the bytes it was loaded from.
-    EXPECT_EQ(Store(*loaded), Store(m_doc));
+    EXPECT_EQ(Store(*loaded), Store(m_document));
 }
 
 TEST_F(DocumentTest, AFolderListThatBringsANodeOfItsOwnIsRefused) {
-    auto features = BuildFolderDocument(m_doc);
+    auto features = BuildFolderDocument(m_document);
     // A node that the document does not list, written inside the folder list's flat list.
     auto stray = std::make_unique<DocNode>();
-    m_doc.m_FolderList.AddTail(stray.get());
-    const auto bytes = Store(m_doc);
-    m_doc.m_FolderList.Remove(static_cast<OrvObject*>(stray.get()));
+    m_document.m_FolderList.AddTail(stray.get());
+    const auto bytes = Store(m_document);
+    m_document.m_FolderList.Remove(static_cast<OrvObject*>(stray.get()));
     EXPECT_EQ(LoadFails(bytes), CArchiveException::badIndex);
 }
 
 // Cut short anywhere, or with any bit flipped, a document with folders loads or fails with an
 // archive exception, and whatever the failed load made is freed once.
 TEST_F(DocumentTest, DamagedFolderDocumentsFailCleanly) {
-    BuildFolderDocument(m_doc);
-    const auto bytes = Store(m_doc);
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-        SCOPED_TRACE(length);
-        LoadFails(std::vector<std::uint8_t>(bytes.begin(), bytes.begin() + length));
-    }
-    int failures = 0, loads = 0;
-    for (std::size_t at = 0; at < bytes.size(); ++at)
-        for (int bit = 0; bit < 8; ++bit) {
-            auto flipped = bytes;
-            flipped[at] ^= static_cast<std::uint8_t>(1u << bit);
-            try {
-                auto loaded = Load(flipped);
-                FolderViews(*loaded);
-                ++loads;
-            } catch (CArchiveException* e) {
-                e->Delete();
-                ++failures;
-            }
-        }
-    EXPECT_GT(failures, 0);
-    EXPECT_GT(loads, 0);
+    BuildFolderDocument(m_document);
+    const auto bytes = Store(m_document);
+    ExpectEveryTruncationFails(bytes);
+    ExpectFlippedBitsLoadOrFail(bytes, [](NodeDocument& loaded) { FolderViews(loaded); });
 }
 
 // A damaged document, found by fuzzing, whose folder list enters itself in a node's user list: the

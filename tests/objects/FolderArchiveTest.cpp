@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "ActiveDocumentTest.h"
 #include "FolderTestTree.h"
-#include "addin/NodeDocument.h"
 #include "mfc/CException.h"
 #include "mfc/CMemFile.h"
 #include "objects/OrvFeaturesFolder.h"
@@ -39,12 +39,8 @@ ArchiveBytes ObjectFields() {
     return s.String(L"").Word(0).Word(0).Dword(0xFFFFFFFF).Word(0).String(L"");
 }
 
-class FolderArchive : public ::testing::Test {
+class FolderArchive : public ActiveDocumentTest {
 protected:
-    void SetUp() override { NodeDocument::Activate(&m_document); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-    NodeDocument m_document;
-
     // Deletes the features that a load made and nothing owns.
     void ForgetLoadedFeatures(const std::set<TestFeature*>& before) {
         std::vector<TestFeature*> made;

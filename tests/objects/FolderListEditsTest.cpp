@@ -134,12 +134,6 @@ TEST_F(FolderListEdits, RemoveFolderHandsTheSubtreeToTheCaller) {
     EXPECT_EQ(0, list.RemoveFolder(nullptr));
 }
 
-TEST_F(FolderListEdits, DeleteFolderObjectKeepsTheFlatOrder) {
-    EXPECT_EQ(1, list.DeleteFolderObject(folder));
-    EXPECT_EQ("0 1 2 3 4", DescribeTree(list));
-    EXPECT_EQ("0 1 2 3 4", DescribeFlat(list));
-}
-
 TEST_F(FolderListEdits, FoldersAlreadyInTheTreeAreNotPlacedTwice) {
     OrvFolderManager* manager = list.GetFolderManager();
     EXPECT_EQ(0, manager->InsertFolderAfterObject(folder, f[4]));

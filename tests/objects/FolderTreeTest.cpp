@@ -17,13 +17,18 @@ protected:
         list.Initialize(&initial);
     }
 
-    // Groups `numbers` (neighbours of one level) into a new folder `name`.
-    OrvBaseFolder* Group(const wchar_t* name, std::initializer_list<int> numbers) {
+    // Groups `numbers` (neighbours of one level of `parent`) into a new folder `name`.
+    template <class Parent>
+    OrvBaseFolder* GroupIn(Parent& parent, const wchar_t* name,
+                           std::initializer_list<int> numbers) {
         CObList objects;
         f.Fill(objects, numbers);
         OrvBaseFolder* folder = MakeFolder(name).release();
-        EXPECT_EQ(1, list.AddToNewFolder(objects, folder, nullptr));
+        EXPECT_EQ(1, parent.AddToNewFolder(objects, folder, nullptr));
         return folder;
+    }
+    OrvBaseFolder* Group(const wchar_t* name, std::initializer_list<int> numbers) {
+        return GroupIn(list, name, numbers);
     }
 
     OrvFolderManager& Tree() { return *list.GetFolderManager(); }
@@ -40,10 +45,7 @@ TEST_F(FolderTree, DeleteFolderPutsTheChildrenInItsPlace) {
     EXPECT_EQ("0 1 2 3 4 5", DescribeFlat(list));
 
     OrvBaseFolder* outer = Group(L"G", {1, 2, 3});
-    CObList inner;
-    f.Fill(inner, {1, 2});
-    OrvBaseFolder* nested = MakeFolder(L"H").release();
-    ASSERT_EQ(1, outer->AddToNewFolder(inner, nested, nullptr));
+    OrvBaseFolder* nested = GroupIn(*outer, L"H", {1, 2});
     EXPECT_EQ("0 [G: [H: 1 2] 3] 4 5", DescribeTree(list));
     EXPECT_EQ(1, list.DeleteFolderObject(nested));
     EXPECT_EQ("0 [G: 1 2 3] 4 5", DescribeTree(list));
@@ -54,9 +56,7 @@ TEST_F(FolderTree, DeleteFolderPutsTheChildrenInItsPlace) {
 
 TEST_F(FolderTree, DeleteFolderHoistsSubFoldersNotTheirContents) {
     OrvBaseFolder* outer = Group(L"F", {1, 2, 3});
-    CObList inner;
-    f.Fill(inner, {2});
-    ASSERT_EQ(1, outer->AddToNewFolder(inner, MakeFolder(L"G").release(), nullptr));
+    GroupIn(*outer, L"G", {2});
     ASSERT_EQ("0 [F: 1 [G: 2] 3] 4 5", DescribeTree(list));
     const int live = CountedFolder::s_live;
     EXPECT_EQ(1, Tree().DeleteFolder(outer));
@@ -100,10 +100,7 @@ TEST_F(FolderTree, RemoveEmptyFoldersCountsOnlyPlainObjects) {
 TEST_F(FolderTree, FolderIdsArePreOrder) {
     OrvBaseFolder* first = Group(L"A", {0, 1});
     OrvBaseFolder* second = Group(L"C", {3});
-    CObList inner;
-    f.Fill(inner, {1});
-    OrvBaseFolder* sub = MakeFolder(L"B").release();
-    ASSERT_EQ(1, first->AddToNewFolder(inner, sub, nullptr));
+    OrvBaseFolder* sub = GroupIn(*first, L"B", {1});
     EXPECT_EQ(-1, first->GetFolderId());
     EXPECT_EQ(-1, first->GetSequenceNo());
     EXPECT_EQ(-1, first->GetParentFolderId());
@@ -126,10 +123,7 @@ TEST_F(FolderTree, FolderIdsArePreOrder) {
 
 TEST_F(FolderTree, ParentFolderIsNullAtTheTopAndNowhere) {
     OrvBaseFolder* outer = Group(L"F", {1, 2});
-    CObList inner;
-    f.Fill(inner, {2});
-    OrvBaseFolder* nested = MakeFolder(L"G").release();
-    ASSERT_EQ(1, outer->AddToNewFolder(inner, nested, nullptr));
+    OrvBaseFolder* nested = GroupIn(*outer, L"G", {2});
     EXPECT_EQ(nullptr, list.GetParentFolderOfObject(f[0]));
     EXPECT_EQ(nullptr, list.GetParentFolderOfObject(f[7]));
     EXPECT_EQ(nullptr, list.GetParentFolderOfObject(nullptr));
@@ -169,10 +163,7 @@ TEST_F(FolderTree, ObjectsBetweenAFolderAndAnObject) {
 
 TEST_F(FolderTree, SetOwnerReachesEveryFolderAndObjectButTheManager) {
     OrvBaseFolder* outer = Group(L"F", {1, 2});
-    CObList inner;
-    f.Fill(inner, {2});
-    OrvBaseFolder* nested = MakeFolder(L"G").release();
-    ASSERT_EQ(1, outer->AddToNewFolder(inner, nested, nullptr));
+    OrvBaseFolder* nested = GroupIn(*outer, L"G", {2});
     list.SetOwner(f[7]);
     for (int number : {0, 1, 2, 5})
         EXPECT_EQ(f[7], f[number]->GetOwner()) << number;

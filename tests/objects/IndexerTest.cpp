@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "addin/NodeDocument.h"
+#include "ActiveDocumentTest.h"
 #include "objects/OrvObjectIndexer.h"
 #include "support/ArchiveBytes.h"
 #include "support/ArchiveRoundTrip.h"
@@ -12,16 +12,13 @@
 
 namespace {
 
-class IndexerTest : public ::testing::Test {
+class IndexerTest : public ActiveDocumentTest {
 protected:
-    void SetUp() override { NodeDocument::Activate(&m_document); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
     OrvObjectIndexerHelper& Helper() { return *m_document.m_pIndexer; }
     OrvObjectIndexer* Register(int index) {
         POSITION pos = Helper().GetIndexers().FindIndex(index);
         return pos ? static_cast<OrvObjectIndexer*>(Helper().GetIndexers().GetAt(pos)) : nullptr;
     }
-    NodeDocument m_document;
 };
 
 TEST_F(IndexerTest, NumbersByClassAndKeepsNumbersAfterRelease) {
@@ -65,13 +62,6 @@ TEST_F(IndexerTest, ReplaceKeepsThePosition) {
     Helper().ReplaceObj(&outsider, old); // unknown: nothing changes
     EXPECT_EQ(Helper().FindIndex(old), -1);
     EXPECT_EQ(Helper().FindIndex(&outsider), -1);
-}
-
-TEST_F(IndexerTest, RegisteredNodeNameWins) {
-    auto* folder = m_document.Add<DocFolder>(L"f", nullptr);
-    EXPECT_EQ(folder->GetRegNameForAutoIndexing(), CString(L"Folder"));
-    EXPECT_EQ(Register(0)->GetIndexClassName(), CString(L"Folder"));
-    EXPECT_EQ(Helper().FindIndex(folder), 0);
 }
 
 // Registered under a class name that the helper counts as no node class.
@@ -149,19 +139,13 @@ TEST_F(IndexerTest, HelperRefusesARegisterTwiceAndOtherClasses) {
     twice.NewClass("OrvObjectIndexer", 2).ClassRef(4).ClassRef(3);
     twice.String(L"A").Dword(0).Int(0).ObjectRef(5);
     CObject* loaded = nullptr;
-    EXPECT_EQ(ArchiveCause([&] { LoadBytes(twice.bytes(), [&](CArchive& ar) { ar >> loaded; }); }),
-              CArchiveException::badIndex);
+    const auto read = [&](CArchive& ar) { ar >> loaded; };
+    EXPECT_EQ(LoadCause(twice.bytes(), read), CArchiveException::badIndex);
 
     ArchiveBytes node; // a node where a register belongs
     node.NewClass("OrvObjectIndexerHelper", 2).ClassRef(1).NewClass("OrvBaseObject", 2).Count(1);
     node.NewClass("OrvObject", 8);
-    try {
-        LoadBytes(node.bytes(), [&](CArchive& ar) { ar >> loaded; });
-        FAIL() << "no exception";
-    } catch (CArchiveException* e) {
-        EXPECT_EQ(e->m_cause, CArchiveException::badClass);
-        e->Delete();
-    }
+    EXPECT_EQ(LoadCause(node.bytes(), read), CArchiveException::badClass);
 }
 
 TEST_F(IndexerTest, Dumps) {

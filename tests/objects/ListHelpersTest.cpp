@@ -6,6 +6,12 @@
 
 namespace {
 
+// Appends `objects` to `list`, in order.
+void Fill(CObList& list, std::initializer_list<CObject*> objects) {
+    for (CObject* object : objects)
+        list.AddTail(object);
+}
+
 // Counts its destructions.
 class Counted : public CObject {
 public:
@@ -19,9 +25,7 @@ private:
 TEST(ObjectListHelpers, DeleteAllSkipsNullsAndEmpties) {
     int deaths = 0;
     CObList list;
-    list.AddTail(new Counted(&deaths));
-    list.AddTail(static_cast<CObject*>(nullptr));
-    list.AddTail(new Counted(&deaths));
+    Fill(list, {new Counted(&deaths), nullptr, new Counted(&deaths)});
     EXPECT_EQ(DeleteAllElements_CObList(list), 3);
     EXPECT_EQ(deaths, 2);
     EXPECT_TRUE(list.IsEmpty());
@@ -37,10 +41,7 @@ TEST(ObjectListHelpers, DeleteAllSkipsNullsAndEmpties) {
 TEST(ObjectListHelpers, IndexAndNullPurge) {
     CObList list;
     OrvObject a, b;
-    list.AddTail(&a);
-    list.AddTail(static_cast<CObject*>(nullptr));
-    list.AddTail(&b);
-    list.AddTail(static_cast<CObject*>(nullptr));
+    Fill(list, {&a, nullptr, &b, nullptr});
     EXPECT_EQ(GetIndexOfObject(list, &b), 2);
     EXPECT_EQ(GetIndexOfObject(list, nullptr), 1);
     OrvObject c;
@@ -68,10 +69,8 @@ TEST(ObjectListHelpers, ConversionsAppend) {
 TEST(ObjectListHelpers, UnionIntoAOrIntoResult) {
     OrvObject x, y, z;
     CObList a, b;
-    a.AddTail(&x);
-    a.AddTail(&y);
-    b.AddTail(&y);
-    b.AddTail(&z);
+    Fill(a, {&x, &y});
+    Fill(b, {&y, &z});
     CObList result;
     EXPECT_EQ(CObList_Union(a, b, &result), 3);
     EXPECT_EQ(a.GetCount(), 2);
@@ -84,10 +83,7 @@ TEST(ObjectListHelpers, UnionIntoAOrIntoResult) {
 TEST(ObjectListHelpers, IntersectionKeepsDuplicatesFoundInB) {
     OrvObject x, y, z;
     CObList a, b;
-    a.AddTail(&x);
-    a.AddTail(&y);
-    a.AddTail(&x);
-    a.AddTail(&z);
+    Fill(a, {&x, &y, &x, &z});
     b.AddTail(&x);
     CObList result;
     EXPECT_EQ(CObList_Xtion(a, b, &result), 2);
@@ -112,9 +108,7 @@ TEST(ObjectListHelpers, SortHandsTheComparatorElementPointers) {
     c.ChangeName(L"c");
     a.ChangeName(L"a");
     b.ChangeName(L"b");
-    list.AddTail(&c);
-    list.AddTail(&a);
-    list.AddTail(&b);
+    Fill(list, {&c, &a, &b});
     EXPECT_EQ(CObList_Sort(&list, ByName), 1);
     ASSERT_EQ(list.GetCount(), 3);
     EXPECT_EQ(list.GetHead(), &a);
@@ -128,8 +122,7 @@ TEST(ObjectListHelpers, FindAndAddTakesNodesOnly) {
     CObList target, source;
     FindAndAdd(target, source);
     EXPECT_TRUE(target.IsEmpty());
-    source.AddTail(&a);
-    source.AddTail(&other);
+    Fill(source, {&a, &other});
     FindAndAdd(target, source); // an empty target takes everything
     EXPECT_EQ(target.GetCount(), 2);
     source.AddTail(&b);
@@ -153,10 +146,7 @@ TEST(ObjectListHelpers, CopiedNameSkipsTakenNames) {
     int deaths = 0;
     Counted notANode(&deaths);
     CObList objects;
-    objects.AddTail(&first);
-    objects.AddTail(&notANode);
-    objects.AddTail(&second);
-    objects.AddTail(&unrelated);
+    Fill(objects, {&first, &notANode, &second, &unrelated});
     CString out;
     ChangeNameForCopiedFeatAndOper(objects, L"Copy", L"Pocket", out);
     EXPECT_EQ(out, CString(L"Pocket - Copy 3 ")); // the comparison is case-sensitive

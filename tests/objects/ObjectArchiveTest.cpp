@@ -4,19 +4,15 @@
 
 #include <memory>
 
-#include "addin/NodeDocument.h"
+#include "ActiveDocumentTest.h"
 #include "objects/OrvSerializeStatus.h"
 #include "support/ArchiveBytes.h"
 #include "support/ArchiveRoundTrip.h"
-#include "support/DumpCapture.h"
 
 namespace {
 
-class NodeArchive : public ::testing::Test {
+class NodeArchive : public ActiveDocumentTest {
 protected:
-    void SetUp() override { NodeDocument::Activate(&m_host); }
-    void TearDown() override { NodeDocument::Activate(nullptr); }
-
     // Loads `count` objects written one after the other at the top of the archive.
     std::vector<OrvObject*> Load(const ArchiveBytes& bytes, int count, std::size_t* left) {
         std::vector<OrvObject*> loaded;
@@ -32,20 +28,33 @@ protected:
         return loaded;
     }
 
+    // One object, read whole.
+    OrvObject* LoadOne(const ArchiveBytes& bytes) {
+        std::size_t left = 1;
+        OrvObject* node = Load(bytes, 1, &left)[0];
+        EXPECT_EQ(left, 0u);
+        return node;
+    }
+
+    // The cause of the archive exception that loading one object ends in.
+    int LoadOneCause(const ArchiveBytes& bytes) {
+        std::size_t left = 0;
+        return ArchiveCause([&] { Load(bytes, 1, &left); });
+    }
+
     // The start of an object of class OrvObject written first in a file of the given schema:
     // its class, its own tag (a reference to that class) and the base part's new class.
     static ArchiveBytes& FirstNode(ArchiveBytes& b, std::uint16_t schema) {
         return b.NewClass("OrvObject", schema).ClassRef(1).NewClass("OrvBaseObject", 2);
     }
 
-    NodeDocument m_host;
     std::vector<std::unique_ptr<OrvObject>> m_loaded;
 };
 
 TEST_F(NodeArchive, SchemaEightBytes) {
     OrvObject node;
     node.ChangeName(L"Probe");
-    m_host.m_LastId = 41;
+    m_document.m_LastId = 41;
     node.GetObjectId(); // 42
     node.SetState(OrvObject::LOCKED);
     node.SetNodeStatus(0x0006, 1);
@@ -109,9 +118,7 @@ TEST_F(NodeArchive, SchemaTwoDefaults) {
     ArchiveBytes b;
     FirstNode(b, 2).Count(0).String(L"Old").String(L"ann").String(L"01/02/2003").String(L"m");
     b.Dword(7).Int(1).ObjectRef(0);
-    std::size_t left = 1;
-    OrvObject* node = Load(b, 1, &left)[0];
-    EXPECT_EQ(left, 0u);
+    OrvObject* node = LoadOne(b);
     EXPECT_EQ(node->Name(), CString(L"Old"));
     EXPECT_EQ(node->GetCreatedBy(), CString(L"ann"));
     EXPECT_EQ(node->GetDateCreated(), CString(L"01/02/2003"));
@@ -130,9 +137,7 @@ TEST_F(NodeArchive, SchemaThreeReadsLastModifiedBy) {
     ArchiveBytes b;
     FirstNode(b, 3).Count(0).String(L"").String(L"ann").String(L"").String(L"");
     b.Dword(0).Int(0).ObjectRef(0).String(L"carl");
-    std::size_t left = 1;
-    OrvObject* node = Load(b, 1, &left)[0];
-    EXPECT_EQ(left, 0u);
+    OrvObject* node = LoadOne(b);
     EXPECT_EQ(node->GetLastModifiedBy(), CString(L"carl"));
     EXPECT_EQ(node->GetNodeStatus(0xFFFF), 0);
 }
@@ -141,9 +146,7 @@ TEST_F(NodeArchive, SchemaOneHasNoUserList) {
     ArchiveBytes b;
     FirstNode(b, 1).String(L"First").String(L"").String(L"").String(L"").Dword(3).Int(0);
     b.ObjectRef(0);
-    std::size_t left = 1;
-    OrvObject* node = Load(b, 1, &left)[0];
-    EXPECT_EQ(left, 0u);
+    OrvObject* node = LoadOne(b);
     EXPECT_EQ(node->Name(), CString(L"First"));
 }
 
@@ -182,9 +185,7 @@ TEST_F(NodeArchive, SchemaSevenTakesTheRegisteredNameFromTheClass) {
     b.String(L"F").String(L"").String(L"").String(L"").Dword(9).Int(0).ObjectRef(0);
     b.String(L"").Word(0).ObjectRef(0).Dword(0x000000FF).ObjectRef(0);
     b.NewClass("CFlaggedError", 2).Int(1).Int(0); // the folder's flag
-    std::size_t left = 1;
-    OrvObject* node = Load(b, 1, &left)[0];
-    EXPECT_EQ(left, 0u);
+    OrvObject* node = LoadOne(b);
     EXPECT_EQ(node->GetClassNameW(), CString(L"DocFolder"));
     EXPECT_EQ(node->GetDisplayColor(), 0x000000FFu);
     EXPECT_EQ(node->GetRegNameForAutoIndexing(), CString(L"DocFolder"));
@@ -197,27 +198,13 @@ TEST_F(NodeArchive, PatternReferenceWithoutPatternClassesIsRefused) {
     ArchiveBytes b;
     FirstNode(b, 8).Count(0).String(L"").String(L"").String(L"").String(L"").Dword(0).Int(0);
     b.ObjectRef(0).String(L"").Word(0).ObjectRef(0).Dword(0).ObjectRef(2).String(L"");
-    std::size_t left = 0;
-    try {
-        Load(b, 1, &left);
-        FAIL() << "no exception";
-    } catch (CArchiveException* e) {
-        EXPECT_EQ(e->m_cause, CArchiveException::badClass);
-        e->Delete();
-    }
+    EXPECT_EQ(LoadOneCause(b), CArchiveException::badClass);
 }
 
 TEST_F(NodeArchive, DamagedUserListIsAGenericArchiveException) {
     ArchiveBytes b;
     FirstNode(b, 8).Count(2).ObjectRef(2).ObjectRef(9); // index 9 does not exist
-    std::size_t left = 0;
-    try {
-        Load(b, 1, &left);
-        FAIL() << "no exception";
-    } catch (CArchiveException* e) {
-        EXPECT_EQ(e->m_cause, CArchiveException::genericException);
-        e->Delete();
-    }
+    EXPECT_EQ(LoadOneCause(b), CArchiveException::genericException);
 }
 
 TEST_F(NodeArchive, LoadedDuplicatesAreRemovedInOrder) {
@@ -225,9 +212,7 @@ TEST_F(NodeArchive, LoadedDuplicatesAreRemovedInOrder) {
     FirstNode(b, 8).Count(3).ObjectRef(2).ObjectRef(2).ObjectRef(0); // itself twice, then null
     b.String(L"").String(L"").String(L"").String(L"").Dword(0).Int(0).ObjectRef(0);
     b.String(L"").Word(0).ObjectRef(0).Dword(0).ObjectRef(0).String(L"");
-    std::size_t left = 1;
-    OrvObject* node = Load(b, 1, &left)[0];
-    EXPECT_EQ(left, 0u);
+    OrvObject* node = LoadOne(b);
     EXPECT_EQ(node->GetCountOfUserObjects(), 3);
     node->RemoveDuplicatesFromUserObjects();
     EXPECT_EQ(node->GetCountOfUserObjects(), 2);
@@ -266,26 +251,6 @@ TEST_F(NodeArchive, ReferenceThatCannotBeWrittenIsLoggedAndWrittenNull) {
     EXPECT_EQ(loaded->GetOwner(), nullptr);
     EXPECT_EQ(loaded->GetOriginalOwner(), nullptr);
     EXPECT_EQ(loaded->GetState(), OrvObject::DELETED);
-}
-
-TEST_F(NodeArchive, RecycledNodeReloadedUnderItsOwnerLosesTheLink) {
-    OrvObject owner, node;
-    node.SetOwner(&owner);
-    node.Recycle();
-    const auto bytes = StoreBytes(
-        [&](CArchive& ar) { ar << static_cast<CObject*>(&owner) << static_cast<CObject*>(&node); });
-    owner.RemoveFromUserObjectsList(&node);
-    node.SetOriginalOwner(nullptr);
-    OrvObject* loadedOwner = nullptr;
-    OrvObject* loadedNode = nullptr;
-    EXPECT_EQ(LoadBytes(bytes, [&](CArchive& ar) { ar >> loadedOwner >> loadedNode; }), 0u);
-    std::unique_ptr<OrvObject> a(loadedNode), b(loadedOwner);
-    EXPECT_EQ(loadedNode->GetOwner(), loadedOwner);
-    EXPECT_EQ(loadedNode->GetOriginalOwner(), nullptr);
-    EXPECT_EQ(loadedNode->GetState(), OrvObject::DELETED);
-    // The owner's own list comes back as it was written: it still names the node.
-    EXPECT_EQ(loadedOwner->GetCountOfUserObjects(), 1);
-    loadedOwner->RemoveFromUserObjectsList(loadedNode);
 }
 
 } // namespace

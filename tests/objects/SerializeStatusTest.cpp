@@ -8,30 +8,27 @@
 
 namespace {
 
+// The status word after logging errors of the given areas, and the location reported: bit 0 marks
+// an error, 0x8000 no location of its own, and of two areas the lower bit is reported.
 TEST(SerializationStatus, LoggingAndLocations) {
-    InitialiseSerializationStatus(0);
-    EXPECT_EQ(GetSerializationStatus(), 0u);
-    LogSerializationError(0);
-    EXPECT_EQ(GetSerializationStatus(), 0x0001u);
-    EXPECT_EQ(GetErrorLocation(), 0u);
-
-    InitialiseSerializationStatus(0);
-    LogSerializationError(0x9000);
-    EXPECT_EQ(GetSerializationStatus(), 0x9001u);
-    EXPECT_EQ(GetErrorLocation(), 0x1000u);
-    EXPECT_EQ(IsErrorDetected(), 1u);
-
-    // Two areas: the lower bit is reported.
-    InitialiseSerializationStatus(0);
-    LogSerializationError(0x0400);
-    LogSerializationError(0x0040);
-    EXPECT_EQ(GetErrorLocation(), 0x0040u);
-    EXPECT_EQ(GetSerializationStatus(), 0x0441u);
-
-    // 0x8000 alone is no location.
-    InitialiseSerializationStatus(0);
-    LogSerializationError(0x8000);
-    EXPECT_EQ(GetErrorLocation(), 0u);
+    struct Row {
+        std::vector<unsigned> areas;
+        unsigned status, location;
+    };
+    const Row rows[] = {{{}, 0x0000, 0x0000},
+                        {{0}, 0x0001, 0x0000},
+                        {{0x9000}, 0x9001, 0x1000},
+                        {{0x0400, 0x0040}, 0x0441, 0x0040},
+                        {{0x8000}, 0x8001, 0x0000}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.status);
+        InitialiseSerializationStatus(0);
+        for (unsigned area : row.areas)
+            LogSerializationError(area);
+        EXPECT_EQ(GetSerializationStatus(), row.status);
+        EXPECT_EQ(GetErrorLocation(), row.location);
+        EXPECT_EQ(IsErrorDetected(), row.areas.empty() ? 0u : 1u);
+    }
 }
 
 TEST(SerializationStatus, InitialiseWithMarkIsNoError) {

@@ -2,6 +2,7 @@
 // damaged input.
 #include <gtest/gtest.h>
 
+#include "SettingsValues.h"
 #include "addin/NodeDocument.h"
 #include "settings/OrvSettingsKey.h"
 #include "support/ArchiveBytes.h"
@@ -40,27 +41,17 @@ IMPLEMENT_SERIAL(TestSettingsRoot, OrvSettingsKey, VERSIONABLE_SCHEMA | 1)
 
 namespace {
 
-// An int array filled from a list (the array itself can't be copied).
-struct Ints {
-    CArray<int, int> array;
-    Ints(std::initializer_list<int> values) {
-        for (int value : values)
-            array.Add(value);
-    }
-    operator const CArray<int, int>&() const { return array; }
-};
-
-// One value of each of the nine types, added I first and A last, so that A heads the list.
-void AddNine(OrvSettingsKey& key, int seed) {
-    key.AddValue(L"I", 5 * seed);
-    key.AddValue(L"C", static_cast<unsigned long>(0x00112233u * seed));
-    key.AddValue(L"D", 1.5 * seed);
-    key.AddValue(L"L", static_cast<long double>(2.25 * seed));
-    key.AddValue(L"S", CString(seed == 1 ? L"ab" : L""));
-    key.AddValue(L"P", CPoint(1 * seed, 2 * seed));
-    key.AddValue(L"R", CRect(1 * seed, 2 * seed, 3 * seed, 4 * seed));
-    key.AddValue(L"T", CTime(0x12345678LL * seed));
-    key.AddValue(L"A", Ints({7 * seed, 8 * seed}));
+// One value of each of the nine types, scaled by `seed`.
+NineValues Nine(int seed) {
+    return {5 * seed,
+            0x00112233ul * seed,
+            1.5 * seed,
+            static_cast<long double>(2.25 * seed),
+            seed == 1 ? L"ab" : L"",
+            CPoint(1 * seed, 2 * seed),
+            CRect(1 * seed, 2 * seed, 3 * seed, 4 * seed),
+            CTime(0x12345678LL * seed),
+            {7 * seed, 8 * seed}};
 }
 
 // The nine values as OrvSettingsKey::Serialize writes them, by the format's rules: the base
@@ -90,7 +81,7 @@ protected:
 
 TEST_F(SettingsArchiveTest, KeyWithOneValueOfEachTypeStoresTheDocumentedBytes) {
     OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
-    AddNine(key, 1);
+    Nine(1).AddTo(key);
     EXPECT_EQ(StoreBytes([&](CArchive& ar) { key.Serialize(ar); }), NineBytes());
 }
 
@@ -105,38 +96,9 @@ TEST_F(SettingsArchiveTest, KeyThroughTheObjectProtocolStartsWithItsOwnClass) {
 
 TEST_F(SettingsArchiveTest, NineValuesLoadIntoAKeyWithTheSameOptions) {
     OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
-    AddNine(key, 0);
+    Nine(0).AddTo(key);
     EXPECT_EQ(LoadBytes(NineBytes(), [&](CArchive& ar) { key.Serialize(ar); }), 0u);
-
-    int i = 0;
-    unsigned long c = 0;
-    double d = 0;
-    long double l = 0;
-    CString s;
-    CPoint p;
-    CRect r;
-    CTime t;
-    CArray<int, int> a;
-    key.GetValue(L"I", i);
-    key.GetValue(L"C", c);
-    key.GetValue(L"D", d);
-    key.GetValue(L"L", l);
-    key.GetValue(L"S", s);
-    key.GetValue(L"P", p);
-    key.GetValue(L"R", r);
-    key.GetValue(L"T", t);
-    key.GetValue(L"A", a);
-    EXPECT_EQ(i, 5);
-    EXPECT_EQ(c, 0x00112233u);
-    EXPECT_EQ(d, 1.5);
-    EXPECT_EQ(l, 2.25L);
-    EXPECT_EQ(s, L"ab");
-    EXPECT_EQ(p, CPoint(1, 2));
-    EXPECT_TRUE(r == CRect(1, 2, 3, 4));
-    EXPECT_EQ(t.GetTime(), 0x12345678);
-    ASSERT_EQ(a.GetSize(), 2);
-    EXPECT_EQ(a[0], 7);
-    EXPECT_EQ(a[1], 8);
+    Nine(1).ExpectIn(key);
     // And the tree stores again to the same bytes.
     EXPECT_EQ(StoreBytes([&](CArchive& ar) { key.Serialize(ar); }), NineBytes());
 }
@@ -159,19 +121,12 @@ TEST_F(SettingsArchiveTest, OlderDocumentMergesWithTheCurrentDefaults) {
     std::unique_ptr<TestSettingsRoot> root(dynamic_cast<TestSettingsRoot*>(loaded));
     ASSERT_TRUE(root);
 
-    int keep = -1, mill = -1, newOpt = -1, dropped = -1, inner1 = -1, inner2 = -1;
-    root->GetValue(L"Keep", keep);
-    root->GetValue(L"MillFeatureCreationStyle", mill);
-    root->GetValue(L"NewOpt", newOpt);
-    root->GetValue(L"Dropped", dropped);
-    root->GetValue(L"Inner1", inner1);
-    root->GetValue(L"Inner2", inner2);
-    EXPECT_EQ(keep, 5);     // the archive beats the default
-    EXPECT_EQ(mill, 0);     // older than the option: 0, not the default 1
-    EXPECT_EQ(newOpt, 7);   // newer than the document: the default
-    EXPECT_EQ(dropped, -1); // gone
-    EXPECT_EQ(inner1, 11);  // the nested group merged too
-    EXPECT_EQ(inner2, 20);
+    EXPECT_EQ(ValueOf(*root, L"Keep", -1), 5);                     // the archive beats the default
+    EXPECT_EQ(ValueOf(*root, L"MillFeatureCreationStyle", -1), 0); // older than it: 0, not 1
+    EXPECT_EQ(ValueOf(*root, L"NewOpt", -1), 7);   // newer than the document: the default
+    EXPECT_EQ(ValueOf(*root, L"Dropped", -1), -1); // gone
+    EXPECT_EQ(ValueOf(*root, L"Inner1", -1), 11);  // the nested group merged too
+    EXPECT_EQ(ValueOf(*root, L"Inner2", -1), 20);
 
     // Defaults moved to the head in their own order; the loaded ones follow in file order.
     EXPECT_EQ(root->Names(),
@@ -196,9 +151,7 @@ TEST_F(SettingsArchiveTest, StoredMillFeatureCreationStyleIsKept) {
     b.NewClass("OrvIntValue", 1).ClassRef(1).String(L"MillFeatureCreationStyle").Int(1);
     TestSettingsRoot root;
     LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); });
-    int mill = -1;
-    root.GetValue(L"MillFeatureCreationStyle", mill);
-    EXPECT_EQ(mill, 1);
+    EXPECT_EQ(ValueOf(root, L"MillFeatureCreationStyle", -1), 1);
 }
 
 TEST_F(SettingsArchiveTest, DocumentOfStorageVersionSixHasNoBaseClassTags) {
@@ -207,33 +160,24 @@ TEST_F(SettingsArchiveTest, DocumentOfStorageVersionSixHasNoBaseClassTags) {
     b.Count(1).NewClass("OrvIntValue", 1).String(L"Keep").Int(3);
     TestSettingsRoot root;
     EXPECT_EQ(LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); }), 0u);
-    int keep = 0;
-    root.GetValue(L"Keep", keep);
-    EXPECT_EQ(keep, 3);
+    EXPECT_EQ(ValueOf(root, L"Keep", 0), 3);
 }
 
 // Loading damaged bytes into a key must throw an archive exception and leave its defaults.
 void ExpectRejectedKeepingDefaults(const std::vector<std::uint8_t>& bytes) {
     OrvSettingsKey key(L"K", L"Software\\OrvTest\\K");
-    AddNine(key, 3);
-    bool thrown = false;
-    try {
-        LoadBytes(bytes, [&](CArchive& ar) { key.Serialize(ar); });
-    } catch (CArchiveException* e) {
-        thrown = true;
-        e->Delete();
-    }
-    EXPECT_TRUE(thrown);
-    int i = 0;
-    CString s = L"unchanged";
-    CArray<int, int> a;
-    key.GetValue(L"I", i);
-    key.GetValue(L"S", s);
-    key.GetValue(L"A", a);
-    EXPECT_EQ(i, 15);
-    EXPECT_EQ(s, L"");
-    ASSERT_EQ(a.GetSize(), 2);
-    EXPECT_EQ(a[1], 24);
+    Nine(3).AddTo(key);
+    EXPECT_GE(LoadCause(bytes, [&](CArchive& ar) { key.Serialize(ar); }), 0);
+    Nine(3).ExpectIn(key);
+}
+
+// Loads one object through the object protocol; answers the archive exception's cause.
+int ObjectLoadCause(const ArchiveBytes& b) {
+    return LoadCause(b.bytes(), [](CArchive& ar) {
+        CObject* key = nullptr;
+        ar >> key;
+        delete key;
+    });
 }
 
 TEST_F(SettingsArchiveTest, TruncatedArchiveAtEveryLengthIsRejectedAndLosesNothing) {
@@ -256,19 +200,7 @@ TEST_F(SettingsArchiveTest, ObjectNamedTwiceInOneListIsRejected) {
 TEST_F(SettingsArchiveTest, KeyThatListsItselfIsRejected) {
     ArchiveBytes b;
     b.NewClass("OrvSettingsKey", 1).NewClass("OrvBaseObject", 2).Count(1).ObjectRef(2);
-    bool thrown = false;
-    try {
-        LoadBytes(b.bytes(), [](CArchive& ar) {
-            CObject* key = nullptr;
-            ar >> key;
-            delete key;
-        });
-    } catch (CArchiveException* e) {
-        thrown = true;
-        EXPECT_EQ(e->m_cause, CArchiveException::badIndex);
-        e->Delete();
-    }
-    EXPECT_TRUE(thrown);
+    EXPECT_EQ(ObjectLoadCause(b), CArchiveException::badIndex);
 }
 
 TEST_F(SettingsArchiveTest, KeysNestedFarDeeperThanAnyCatalogueAreRejected) {
@@ -277,19 +209,7 @@ TEST_F(SettingsArchiveTest, KeysNestedFarDeeperThanAnyCatalogueAreRejected) {
     b.NewClass("OrvSettingsKey", 1).NewClass("OrvBaseObject", 2).Count(1); // classes 1 and 3
     for (int level = 0; level < 300; ++level)
         b.ClassRef(1).ClassRef(3).Count(level == 299 ? 0 : 1);
-    bool thrown = false;
-    try {
-        LoadBytes(b.bytes(), [](CArchive& ar) {
-            CObject* key = nullptr;
-            ar >> key;
-            delete key;
-        });
-    } catch (CArchiveException* e) {
-        thrown = true;
-        EXPECT_EQ(e->m_cause, CArchiveException::genericException);
-        e->Delete();
-    }
-    EXPECT_TRUE(thrown);
+    EXPECT_EQ(ObjectLoadCause(b), CArchiveException::genericException);
 }
 
 TEST_F(SettingsArchiveTest, NegativeArrayCountIsRejected) {
@@ -308,9 +228,7 @@ TEST_F(SettingsArchiveTest, EightBitNamesLoadToo) {
     b.Int(42);
     TestSettingsRoot root;
     LoadBytes(b.bytes(), [&](CArchive& ar) { root.Serialize(ar); });
-    int keep = 0;
-    root.GetValue(L"Keep", keep);
-    EXPECT_EQ(keep, 42);
+    EXPECT_EQ(ValueOf(root, L"Keep", 0), 42);
 }
 
 } // namespace

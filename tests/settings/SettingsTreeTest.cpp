@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "SettingsValues.h"
 #include "settings/OrvIntValue.h"
 #include "settings/OrvSettingsKey.h"
 #include "settings/OrvStringValue.h"
@@ -39,11 +40,8 @@ TEST(SettingsLookup, BareNameIsFoundAnywhereDepthFirst) {
     root.AddValue(L"Shared", 1); // added after the group: earlier in the list
     root.AddKey(group);          // now the group heads the list and shadows the root's value
 
-    int deep = 0, shared = 0;
-    root.GetValue(L"Deep", deep);
-    root.GetValue(L"Shared", shared);
-    EXPECT_EQ(deep, 3);
-    EXPECT_EQ(shared, 2);
+    EXPECT_EQ(ValueOf(root, L"Deep", 0), 3);
+    EXPECT_EQ(ValueOf(root, L"Shared", 0), 2);
     EXPECT_EQ(root.GetKey(L"Nested"), nested);
     EXPECT_EQ(root.GetSettingsKey(L"Group"), group);
     EXPECT_EQ(group->GetKey(L"Group"), nullptr); // a key does not find itself
@@ -53,9 +51,7 @@ TEST(SettingsLookup, NamesCompareExactly) {
     OrvSettingsKey root(L"Root", L"P");
     root.AddValue(L"Value", 5);
     root.AddKey(new OrvSettingsKey(L"Child", L"Q"));
-    int value = -1;
-    root.GetValue(L"value", value);
-    EXPECT_EQ(value, -1);
+    EXPECT_EQ(ValueOf(root, L"value", -1), -1);
     EXPECT_EQ(root.GetKey(L"child"), nullptr);
     EXPECT_EQ(root.GetKey(L"Missing"), nullptr);
 }
@@ -64,12 +60,9 @@ TEST(SettingsLookup, LaterDuplicateShadowsTheEarlierOne) {
     OrvSettingsKey root(L"Root", L"P");
     root.AddValue(L"Twice", 1);
     root.AddValue(L"Twice", 2);
-    int value = 0;
-    root.GetValue(L"Twice", value);
-    EXPECT_EQ(value, 2);
+    EXPECT_EQ(ValueOf(root, L"Twice", 0), 2);
     root.SetValue(L"Twice", 3);
-    root.GetValue(L"Twice", value);
-    EXPECT_EQ(value, 3);
+    EXPECT_EQ(ValueOf(root, L"Twice", 0), 3);
     OpenKey open(L"O", L"P");
     open.AddValue(L"A", 1);
     open.AddValue(L"B", 2);
@@ -97,37 +90,22 @@ TEST(SettingsTyping, IntSetOnADoubleOverwritesItsLowBits) {
     OrvSettingsKey root(L"Root", L"P");
     root.AddValue(L"D", 1.5); // 0x3FF8000000000000
     root.SetValue(L"D", 1);
-    double d = 0;
-    root.GetValue(L"D", d);
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(d), 0x3FF8000000000001u);
-    int low = -1;
-    root.GetValue(L"D", low); // reads the low 4 bytes as an int
-    EXPECT_EQ(low, 1);
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(ValueOf(root, L"D", 0.0)), 0x3FF8000000000001u);
+    EXPECT_EQ(ValueOf(root, L"D", -1), 1); // reads the low 4 bytes as an int
 }
 
-TEST(SettingsTyping, ArrayOverloadsTestTheClass) {
+// The array and text overloads test the value's class: on a plain value they do nothing.
+TEST(SettingsTyping, ArraysAndTextOnAPlainValueAreRefused) {
     OrvSettingsKey root(L"Root", L"P");
     root.AddValue(L"I", 9);
     CArray<int, int> a;
     a.Add(1);
     root.SetValue(L"I", a);
     root.GetValue(L"I", a);
-    int i = 0;
-    root.GetValue(L"I", i);
-    EXPECT_EQ(i, 9);
-    EXPECT_EQ(a.GetSize(), 1);
-}
-
-TEST(SettingsTyping, TextOnAPlainValueIsRefused) {
-    OrvSettingsKey root(L"Root", L"P");
-    root.AddValue(L"I", 9);
     root.SetValue(L"I", CString(L"text"));
-    CString s = L"before";
-    root.GetValue(L"I", s);
-    int i = 0;
-    root.GetValue(L"I", i);
-    EXPECT_EQ(i, 9);
-    EXPECT_EQ(s, L"before");
+    EXPECT_EQ(ValueOf(root, L"I", CString(L"before")), L"before");
+    EXPECT_EQ(ValueOf(root, L"I", 0), 9);
+    EXPECT_EQ(a.GetSize(), 1);
 }
 
 TEST(SettingsTyping, ColourAndLongDoubleOverloadsKeepTheirWidths) {
@@ -136,26 +114,9 @@ TEST(SettingsTyping, ColourAndLongDoubleOverloadsKeepTheirWidths) {
     root.AddValue(L"L", 0.5L);
     root.SetValue(L"C", 0x1234567890ul); // only 32 bits are a colour
     root.SetValue(L"L", 0.25L);
-    unsigned long c = 0;
-    DWORD dw = 0;
-    long double l = 0;
-    root.GetValue(L"C", c);
-    root.GetValue(L"C", dw);
-    root.GetValue(L"L", l);
-    EXPECT_EQ(c, 0x34567890u);
-    EXPECT_EQ(dw, 0x34567890u);
-    EXPECT_EQ(l, 0.25L);
-}
-
-TEST(SettingsKeyNames, GetNameOfAChild) {
-    OrvSettingsKey root(L"Root", L"P");
-    OrvIntValue value(L"V", 1);
-    OrvSettingsKey child(L"C", L"Q");
-    OrvBaseObject other;
-    EXPECT_EQ(root.GetName(), L"Root");
-    EXPECT_EQ(root.GetName(&value), L"V");
-    EXPECT_EQ(root.GetName(&child), L"C");
-    EXPECT_EQ(root.GetName(&other), L"");
+    EXPECT_EQ(ValueOf<unsigned long>(root, L"C"), 0x34567890u);
+    EXPECT_EQ(ValueOf<DWORD>(root, L"C"), 0x34567890u);
+    EXPECT_EQ(ValueOf<long double>(root, L"L"), 0.25L);
 }
 
 TEST(SettingsMerge, OneLevelByNameWithTheMillFeatureException) {
