@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     cmake ninja-build g++ clang libclang-rt-14-dev clang-format
     libgtest-dev libgmock-dev libbenchmark-dev
-    libsqlite3-dev libboost-serialization-dev libpugixml-dev
+    libsqlite3-dev libboost-serialization-dev libpugixml-dev pkg-config
 )
 
 missing=()

@@ -98,10 +98,13 @@ void Print(const wchar_t* label, const CString& value) {
 }
 
 int RunEnv(const orvhost::Arguments& arguments) {
-    const std::filesystem::path install =
-        std::filesystem::absolute(arguments.empty() ? ORV_DEFAULT_INSTALL_DIR : arguments[0]);
-    // The library's file stands in the install folder, as it does in an installation.
-    CKelEnvApp::SetModuleFilePathOverride(CString((install / "libKELSHAREu.so").string().c_str()));
+    // Without a folder the library finds its install tree beside its own file; with one, the
+    // library's file is taken to stand in that folder, as it does in an installation.
+    if (!arguments.empty()) {
+        const std::filesystem::path install = std::filesystem::absolute(arguments[0]);
+        CKelEnvApp::SetModuleFilePathOverride(
+            CString((install / "libKELSHAREu.so").string().c_str()));
+    }
     orvhost::StartLibrary();
     CKelEnvApp* env = AppEnv();
     CString number;
