@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <thread>
 
 namespace port::registry {
 namespace {
@@ -53,31 +54,40 @@ void CreateSchema(sqlite3* db) {
     }
 }
 
-// Puts the WAL journal and the schema in place; false when the store can't take them.
-bool PrepareForWriting(sqlite3* db) {
+// Puts the WAL journal and the schema in place. Answers SQLITE_OK, or the code of what failed.
+int PrepareForWriting(sqlite3* db) {
     try {
         SqliteStatement wal(db, "PRAGMA journal_mode=WAL");
         if (!wal.Step() || wal.Text(0) != "wal")
-            return false;
+            return SQLITE_READONLY;
         wal.Done();
         Exec(db, "PRAGMA synchronous=NORMAL");
         CreateSchema(db);
-        return true;
-    } catch (const SqliteError&) {
-        return false;
+        return SQLITE_OK;
+    } catch (const SqliteError& error) {
+        return error.code;
     }
 }
 
-// A read-write connection in WAL mode with the schema in place, or null.
+// A read-write connection in WAL mode with the schema in place, or null. Two processes that open
+// a new store at once both read it and both ask to turn it to WAL: SQLite refuses one of them at
+// once rather than let them wait for each other, so that one tries again, by then on a WAL store.
 sqlite3* OpenForWriting(const std::string& path) {
-    sqlite3* db = OpenWith(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    if (!db)
-        return nullptr;
-    if (sqlite3_db_readonly(db, "main") != 0 || !PrepareForWriting(db)) {
+    constexpr int kAttempts = 100;
+    constexpr auto kPause = std::chrono::milliseconds(10);
+    for (int attempt = 1;; ++attempt) {
+        sqlite3* db = OpenWith(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+        if (!db)
+            return nullptr;
+        const int result =
+            sqlite3_db_readonly(db, "main") != 0 ? SQLITE_READONLY : PrepareForWriting(db);
+        if (result == SQLITE_OK)
+            return db;
         sqlite3_close(db);
-        return nullptr;
+        if ((result & 0xFF) != SQLITE_BUSY || attempt == kAttempts)
+            return nullptr;
+        std::this_thread::sleep_for(kPause);
     }
-    return db;
 }
 
 bool Readable(sqlite3* db) {

@@ -224,6 +224,23 @@ TEST_F(Orvreg, StoreThatCannotBeWrittenRefusesWrites) {
               RunIn(shared, {"query", "HKLM\\Software\\T", "/v", "a"}).out.find("REG_SZ    b"));
 }
 
+// Processes that open a store that does not exist yet all turn it to WAL at once; SQLite refuses
+// all but one of them at once, and each must try again rather than fall back to reading.
+TEST_F(Orvreg, ProcessesCreatingANewStoreAtOnceAllWrite) {
+    constexpr int kRounds = 20, kProcesses = 6;
+    for (int round = 0; round < kRounds; ++round) {
+        const std::string dir = m_dir.Folder("store" + std::to_string(round));
+        std::vector<pid_t> writers;
+        for (int p = 0; p < kProcesses; ++p)
+            writers.push_back(Start(dir,
+                                    {"add", "HKCU\\Software\\Shared", "/v", "v" + std::to_string(p),
+                                     "/t", "REG_DWORD", "/d", "1"},
+                                    dir + "/out" + std::to_string(p)));
+        for (pid_t pid : writers)
+            EXPECT_EQ(0, Wait(pid)) << "round " << round;
+    }
+}
+
 TEST_F(Orvreg, TwoProcessesWritingOneKeyLoseNothing) {
     constexpr int kToolWrites = 40, kLibraryWrites = 400;
     // Two shells run orvreg over and over, while two forked processes write through the library.
