@@ -11,15 +11,6 @@
 
 namespace {
 
-// Each row: a point and where `t` must send it.
-void ExpectMaps(const FRTransf& t, const std::vector<std::pair<FRPosition, FRPosition>>& rows) {
-    for (const auto& [from, to] : rows) {
-        SCOPED_TRACE(testing::Message()
-                     << "from " << from.x() << "," << from.y() << "," << from.z());
-        ExpectNear(from * t, to);
-    }
-}
-
 FRMatrix Rows(FRVector a, FRVector b, FRVector c) {
     return {a, b, c};
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/DumpCapture.h"
+
 #include <cstdio>
 #include <string>
 
@@ -34,13 +36,6 @@ std::string Written(CMemFile& file) {
     return text;
 }
 
-std::string AddressText(const void* p) {
-    char text[24];
-    std::snprintf(text, sizeof text, "$%016llX",
-                  static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(p)));
-    return text;
-}
-
 TEST(ObjectDump, NamesTheClassAndAddress) {
     CMemFile file;
     CDumpContext dc(&file);
@@ -49,7 +44,7 @@ TEST(ObjectDump, NamesTheClassAndAddress) {
     object.Dump(dc);
     dc << static_cast<const CObject*>(nullptr) << "|" << static_cast<const CObject*>(&tool);
     dc.Flush();
-    const std::string head = "a Tool at " + AddressText(&tool) + "\nm_Number = 7\n";
+    const std::string head = "a Tool at $" + PointerText(&tool) + "\nm_Number = 7\n";
     EXPECT_EQ(Written(file), head + "NULL|" + head);
 }
 
@@ -71,7 +66,7 @@ TEST(ObjectDump, DefaultContextWritesToStandardError) {
     afxDump << tool;
     afxDump.Flush();
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "a Tool at " + AddressText(&tool) + "\nm_Number = 7\n");
+              "a Tool at $" + PointerText(&tool) + "\nm_Number = 7\n");
 }
 
 TEST(ObjectAssertValid, ReachesTheClassThroughCObject) {
