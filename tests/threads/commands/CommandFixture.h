@@ -43,9 +43,12 @@ protected:
         return pos ? static_cast<OrvThreadData*>(all.GetAt(pos)) : nullptr;
     }
     // Once the workers' threads have ended, taking the manager's lock orders this thread after
-    // their last use of records and nodes: a worker's last step in the library releases it.
+    // their last use of records and nodes: a worker's last step in the library releases it. The
+    // count of threads alone can mislead (a thread of the test before may still be ending when
+    // the base is counted), so each worker's own thread is waited for too.
     bool WorkersGone() {
-        const bool gone = Eventually([&] { return ProcessThreadCount() <= m_BaseThreads; });
+        const bool gone = Eventually(
+            [&] { return manager->AllWorkersEnded() && ProcessThreadCount() <= m_BaseThreads; });
         OrvCriticalSectionLoader lock(manager->Lock(), 1);
         return gone;
     }

@@ -2,8 +2,6 @@
 // terminations, suspensions, commands on the calling threads, and the calling nodes deleted at
 // the end of each round. Every record made must be destroyed exactly once, and every worker must
 // end. Built with -DORV_SANITIZE=thread this is the data-race check of the command code.
-#include <sys/stat.h>
-
 #include <random>
 #include <set>
 #include <shared_mutex>
@@ -92,11 +90,6 @@ public:
     std::atomic<DWORD> worker{0};
     std::atomic<int> childDones{0};
 };
-
-bool ThreadGone(DWORD id) {
-    struct stat info {};
-    return stat(("/proc/self/task/" + std::to_string(id)).c_str(), &info) != 0;
-}
 
 class CommandStressTest : public CommandTest {
 protected:

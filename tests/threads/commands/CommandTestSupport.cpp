@@ -1,8 +1,10 @@
 #include "CommandTestSupport.h"
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 #include <chrono>
+#include <string>
 #include <thread>
 
 namespace commands_test {
@@ -70,7 +72,21 @@ int TestManager::OnDestroyThreadData(OrvThreadData* data) {
     return OrvThreadBaseMgr::OnDestroyThreadData(data);
 }
 
+bool TestManager::AllWorkersEnded() {
+    if (begun != started)
+        return false;
+    const std::lock_guard guard(m_WorkerGuard);
+    for (DWORD id : m_Workers)
+        if (!ThreadGone(id))
+            return false;
+    return true;
+}
+
 int TestManager::OnBeginThread(OrvThreadData* data) {
+    {
+        const std::lock_guard guard(m_WorkerGuard);
+        m_Workers.push_back(GetCurrentThreadId());
+    }
     ++begun;
     if (onBegin)
         onBegin(data);
@@ -117,6 +133,11 @@ bool Eventually(const std::function<bool()>& condition) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return condition();
+}
+
+bool ThreadGone(DWORD id) {
+    struct stat info {};
+    return stat(("/proc/self/task/" + std::to_string(id)).c_str(), &info) != 0;
 }
 
 int ProcessThreadCount() {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <set>
+#include <vector>
 
 #include "core/OrvHostCallbacks.h"
 #include "objects/OrvObject.h"
@@ -59,8 +60,12 @@ public:
     std::atomic<int> started{0};
     // Runs on a worker before its work; set before the command starts.
     std::function<void(OrvThreadData*)> onBegin;
+    // Whether every worker started so far has begun and its thread has ended.
+    bool AllWorkersEnded();
 
 protected:
+    std::mutex m_WorkerGuard;
+    std::vector<DWORD> m_Workers; // the thread of each worker that began
     int OnStartRunningThreadData(OrvThreadData* data) override;
     int OnDoneRunningThreadData(OrvThreadData* data) override;
     int OnDestroyThreadData(OrvThreadData* data) override;
@@ -103,5 +108,7 @@ bool Eventually(const std::function<bool()>& condition);
 
 // Threads of this process, from the kernel.
 int ProcessThreadCount();
+// Whether the thread of that kernel id has ended.
+bool ThreadGone(DWORD id);
 
 } // namespace commands_test

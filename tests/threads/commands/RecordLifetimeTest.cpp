@@ -108,20 +108,21 @@ TEST_F(RecordLifetimeTest, DeletingADoneRecordWhoseWorkerStillRunsLeavesTheFreeT
 // The node goes while its worker, back from the work, waits for the manager's lock to end it.
 TEST_F(RecordLifetimeTest, DeletingTheNodeWhileItsWorkerEndsFreesTheRecordOnce) {
     std::atomic<bool> release{false};
-    std::atomic<bool> returned{false};
     auto node = std::make_unique<ScriptedNode>();
     node->work = [&](void*&) {
         while (!release)
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        returned = true;
         return ThreadDone;
     };
     EXPECT_GT(OrvThreadBaseMgr::RunCommand(node.get(), 5, nullptr, kPlain, kEnd), 0);
     ASSERT_TRUE(Eventually([&] { return node->log.executes == 1; }));
     {
-        OrvCriticalSectionLoader lock(manager->Lock(), 1);
+        OrvCriticalSectionLoader lock(manager->Lock(), 1); // no record goes while it is held
+        OrvThreadData* record = ListedAt(0);
+        ASSERT_NE(record, nullptr);
         release = true;
-        ASSERT_TRUE(Eventually([&] { return returned.load(); }));
+        // The result has become the status: the worker has left the node's code for good.
+        ASSERT_TRUE(Eventually([&] { return record->GetThreadStatus() == ThreadDone; }));
         node.reset(); // unlists the record; its worker frees it once it has the lock
         EXPECT_EQ(Listed(), 0);
         EXPECT_EQ(manager->destroyed, 1);
