@@ -39,13 +39,13 @@ public:
         const DWORD self = GetCurrentThreadId();
         const int stopsBefore = terminates;
         {
-            const std::lock_guard guard(gate);
+            const std::unique_lock guard = TakeGate();
             inWork.insert(self);
         }
         for (int ms = 0; ms < m_WorkMs && terminates == stopsBefore; ++ms)
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         {
-            const std::lock_guard guard(gate);
+            const std::unique_lock guard = TakeGate();
             inWork.erase(self);
         }
         ++executes;
@@ -68,6 +68,15 @@ public:
     std::atomic<int> childDones{0};
     // Workers inside the work loop; a suspender holds the gate so none leaves it meanwhile.
     std::mutex gate;
+    // A worker waits for the gate in short sleeps rather than blocked on the mutex: under
+    // ThreadSanitizer a signal reaches a thread only at such calls, and a worker blocked on the
+    // gate that a suspender holds would never park, so the suspender would wait for ever.
+    std::unique_lock<std::mutex> TakeGate() {
+        std::unique_lock guard(gate, std::defer_lock);
+        while (!guard.try_lock())
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        return guard;
+    }
     std::set<DWORD> inWork;
 
 private:
